@@ -1,0 +1,31 @@
+// The frame's side of the drawing session and the yes/no question.
+//
+// The session family (lumo_begin, lumo_end, the layer definitions) is not
+// part of this module yet: with no session ever begun there is nothing for
+// Esc to end and no layer definitions to hold, so the hooks keep the
+// compiled-in defaults.
+#include "frame/session_hooks.h"
+
+#include <cstring>
+
+#include "platform/acedads.h"
+#include "platform/crt.h"
+
+int ReadLayerDefs(int) { return 0; }
+
+void EndDrawingSession() {}
+
+void ReleaseLayerDefsHead() {}
+
+int YesNoQuestion(const char* prompt, int defaultAnswer) {
+    char answer[64] = "";
+    acedInitGet(0, "Yes No");
+    switch (acedGetKword(prompt, answer)) {
+    case RTNORM:
+        return _stricmp(answer, "Yes") == 0 ? 1 : 0;
+    case RTNONE:  // Enter takes the default
+        return defaultAnswer;
+    default:  // Esc
+        return 0;
+    }
+}
