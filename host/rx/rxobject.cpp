@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "host/app/dynamic_linker.h"
 #include "host/rx/rxdictionary.h"
 
 AcRxObject::~AcRxObject() = default;
@@ -83,6 +84,7 @@ AcRxDictionary* acrxSysRegistry() {
     static lumo::host::RxDictionary* registry = [] {
         auto* r = new lumo::host::RxDictionary;
         r->atPut(ACRX_CLASS_DICTIONARY, &lumo::host::ClassDictionary());
+        r->atPut(ACRX_DYNAMIC_LINKER_OBJ, &lumo::host::DynamicLinker());
         return r;
     }();
     return registry;
