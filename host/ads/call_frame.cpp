@@ -63,7 +63,7 @@ int acedRetList(const resbuf* list) { return lumo::host::SetResult(lisp::FromRes
 
 int acedRetVal(const resbuf* value) {
     if (!value) return lumo::host::SetResult(nullptr);
-    resbuf single = *value;
-    single.rbnext = nullptr;
-    return lumo::host::SetResult(lisp::FromResbufChain(&single));
+    // A list value is its whole RTLB ... RTLE chain.
+    if (value->restype == RTLB) return lumo::host::SetResult(lisp::FromResbufChain(value));
+    return lumo::host::SetResult(lisp::FromResbufNode(value));
 }
