@@ -18,7 +18,7 @@ void EndDrawingSession() {}
 void ReleaseLayerDefsHead() {}
 
 int YesNoQuestion(const char* prompt, int defaultAnswer) {
-    char answer[64] = "";
+    char answer[133] = "";
     acedInitGet(0, "Yes No");
     switch (acedGetKword(prompt, answer)) {
     case RTNORM:

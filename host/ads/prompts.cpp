@@ -1,5 +1,6 @@
 #include "host/ads/prompts.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
@@ -18,6 +19,15 @@ namespace {
 int gFlags = 0;
 std::vector<std::string> gKeywords;
 std::string gLastKeyword;
+
+// Copies at most 132 bytes and the end mark, with no padding: callers'
+// buffers are often just big enough for the answers they expect.
+void CopyAnswer(const std::string& text, char* out) {
+    if (!out) return;
+    size_t n = std::min<size_t>(text.size(), 132);
+    std::memcpy(out, text.data(), n);
+    out[n] = 0;
+}
 
 std::string Upper(std::string s) {
     for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
@@ -116,8 +126,7 @@ int acedInitGet(int flags, const char* keywords) {
 int acedGetKword(const char* prompt, char* out) {
     int rc = Prompt(prompt, nullptr, nullptr);
     if (rc == RTKWORD) {
-        std::strncpy(out, gLastKeyword.c_str(), 132);
-        out[132] = 0;
+        CopyAnswer(gLastKeyword, out);
         return RTNORM;
     }
     if (rc == RTNONE && out) out[0] = 0;
@@ -125,8 +134,7 @@ int acedGetKword(const char* prompt, char* out) {
 }
 
 int acedGetInput(char* out) {
-    std::strncpy(out, gLastKeyword.c_str(), 132);
-    out[132] = 0;
+    CopyAnswer(gLastKeyword, out);
     return RTNORM;
 }
 
@@ -174,8 +182,7 @@ int acedGetString(int cronly, const char* prompt, char* out) {
     int rc = Prompt(prompt, TakeString, &text, cronly == 0);
     if (rc == RTNONE) rc = RTNORM;
     if (rc == RTNORM) {
-        std::strncpy(out, text.c_str(), 132);
-        out[132] = 0;
+        CopyAnswer(text, out);
     }
     return rc;
 }
