@@ -20,7 +20,8 @@ void Reset(resbuf& node, int type) {
 }  // namespace
 
 void* Groups::operator new(size_t) { return acutNewRb(0); }
-void Groups::operator delete(void* p) { acutRelRb(static_cast<resbuf*>(p)); }
+void Groups::operator delete(Groups* p, std::destroying_delete_t) { acutRelRb(p); }
+void Groups::operator delete(void* p) { std::free(p); }
 
 Groups::Groups() { Reset(*this, RTSHORT); }
 Groups::Groups(int value) {
@@ -77,13 +78,9 @@ Groups& Groups::operator=(const Groups& other) {
     return *this;
 }
 
-// A node on the stack owns its text; a node released with its chain has its
-// text freed here and the host skips the cleared pointer.
+// A node on the stack or in an array owns its text.
 Groups::~Groups() {
-    if (TypeOfCode(restype) == RTSTR) {
-        std::free(resval.rstring);
-        resval.rstring = nullptr;
-    }
+    if (TypeOfCode(restype) == RTSTR) std::free(resval.rstring);
 }
 
 bool Groups::operator==(const Groups& other) const {

@@ -4,15 +4,19 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <new>
 
 #include "platform/adsdef.h"
 
 class Groups : public resbuf {
 public:
     // Nodes come from and go back to the host's allocator; deleting one
-    // Groups releases the whole chain behind it.
+    // Groups releases the whole chain behind it. The release frees the
+    // texts, so a deleted node skips the destructor, which would free its
+    // text a second time (a destroying delete).
     static void* operator new(size_t size);
-    static void operator delete(void* p);
+    static void operator delete(Groups* p, std::destroying_delete_t);
+    static void operator delete(void* p);  // when a constructor throws
 
     Groups();                                   // RTSHORT 0, as an array element
     explicit Groups(int value);                 // RTSHORT, truncated to 16 bits

@@ -35,5 +35,18 @@ inline char* _strlwr(char* text) {
     return text;
 }
 
-// Splits a path into drive, folder, name and extension; any out may be null.
+// Byte comparison of multibyte texts: bytes compare unsigned, as strcmp does.
+inline int _mbscmp(const unsigned char* a, const unsigned char* b) {
+    return std::strcmp(reinterpret_cast<const char*>(a), reinterpret_cast<const char*>(b));
+}
+
+// The sizes of the parts of a path, terminators included.
+enum { _MAX_PATH = 260, _MAX_DRIVE = 3, _MAX_DIR = 256, _MAX_FNAME = 256, _MAX_EXT = 256 };
+
+// Splits a path into drive ("C:"), folder (with its trailing separator), name
+// and extension (with its dot); any out may be null. Both `\` and `/` are
+// separators; the parts are cut to the _MAX_ sizes.
 void _splitpath(const char* path, char* drive, char* dir, char* fname, char* ext);
+// Joins the parts again; a separator is added behind a folder lacking one and
+// a dot ahead of an extension lacking one.
+void _makepath(char* path, const char* drive, const char* dir, const char* fname, const char* ext);

@@ -8,6 +8,7 @@
 #include "host/ads/output.h"
 #include "host/lisp/builtins.h"
 #include "host/lisp/eval.h"
+#include "host/lisp/local_path.h"
 #include "host/lisp/reader.h"
 
 namespace lumo::lisp {
@@ -68,12 +69,16 @@ bool IsRegularFile(const std::string& path) {
 
 }  // namespace
 
-std::string FindFile(const std::string& name) {
-    if (name.empty()) return {};
+std::string FindFile(const std::string& given) {
+    if (given.empty()) return {};
+    const std::string name = LocalPath(given);
     if (IsRegularFile(name)) return name;
     if (name[0] == '/') return {};
-    for (const std::string& folder : SupportPath()) {
-        std::string candidate = folder.empty() || folder.back() == '/' ? folder + name : folder + "/" + name;
+    std::vector<std::string> folders = SupportPath();
+    if (std::string drawing = DrawingFolder(); !drawing.empty()) folders.push_back(drawing);  // searched last
+    for (const std::string& folder : folders) {
+        bool joined = folder.empty() || folder.back() == '/' || folder.back() == '\\';
+        std::string candidate = LocalPath(joined ? folder + given : folder + "/" + given);
         if (IsRegularFile(candidate)) return candidate;
     }
     return {};

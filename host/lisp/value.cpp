@@ -15,16 +15,17 @@ namespace {
 constexpr int32_t kSmallMin = -256, kSmallMax = 1024;
 
 const Int* SmallInt(int32_t v) {
-    static const std::vector<const Int*> table = [] {
-        std::vector<const Int*> t;
+    // Never destroyed: values may be released by other static destructors.
+    static const std::vector<const Int*>* table = [] {
+        auto* t = new std::vector<const Int*>;
         for (int32_t i = kSmallMin; i <= kSmallMax; ++i) {
             auto* n = new Int(i);
             n->refs = 1 << 30;
-            t.push_back(n);
+            t->push_back(n);
         }
         return t;
     }();
-    return table[v - kSmallMin];
+    return (*table)[v - kSmallMin];
 }
 
 void DestroyOne(const Value* v) {
@@ -89,7 +90,7 @@ Ref MakePickset(const int32_t name[2]) {
 Ref MakeBool(bool b) { return b ? True() : Ref(); }
 
 const Symbol* Intern(std::string_view name) {
-    static std::unordered_map<std::string, Symbol*> table;
+    static auto& table = *new std::unordered_map<std::string, Symbol*>;  // lives as long as the process
     std::string key(name);
     for (char& c : key) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     auto it = table.find(key);

@@ -85,7 +85,9 @@ TEST(LispList, FindAndReplaceAnElement) {
     EXPECT_EQ(found->restype, RTLE);
     EXPECT_EQ(list.ReplaceElement(Chain({9}), pattern), 1);
     EXPECT_EQ(Values(list.Head()), (std::vector<int>{1, 9, 4}));
-    EXPECT_EQ(list.ReplaceElement(Chain({8}), pattern), 0);  // gone now; the refused chain leaks otherwise
+    resbuf* refused = Chain({8});
+    EXPECT_EQ(list.ReplaceElement(refused, pattern), 0);  // gone now; a refused chain stays the caller's
+    acutRelRb(refused);
     acutRelRb(pattern);
 }
 

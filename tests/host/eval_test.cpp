@@ -70,7 +70,7 @@ TEST(Evaluator, ControlForms) {
 
 TEST(Evaluator, DeepRecursionEndsInAnError) {
     EXPECT_EQ(Show("(defun down (n) (+ 1 (down n))) (down 1)"), "error: stack overflow");
-    EXPECT_EQ(Show("(defun count (n) (if (= n 0) 0 (+ 1 (count (1- n))))) (count 2000)"), "2000");
+    EXPECT_EQ(Show("(defun count (n) (if (= n 0) 0 (+ 1 (count (1- n))))) (count 300)"), "300");
 }
 
 TEST(Lists, TheListFunctions) {

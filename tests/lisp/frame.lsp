@@ -3,7 +3,7 @@
 
 ;;; output system
 (check 'ucson (lumo_ucson) 1)
-(check 'ucsoff (lumo_ucsoff) nil)
+(check 'ucsoff-prints-nothing (vl-princ-to-string (lumo_ucsoff)) "")
 
 ;;; Esc mask
 (check 'maskesc-first (lumo_maskesc) T)
