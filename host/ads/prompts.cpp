@@ -187,10 +187,14 @@ int acedGetString(int cronly, const char* prompt, char* out) {
     return rc;
 }
 
-int acedGetInt(const char* prompt, int* out) {
+namespace {
+
+// Numbers are asked again while initget's zero and sign rules refuse them.
+template <class T>
+int GetNumber(const char* prompt, T* out, bool (*parse)(const std::string&, void*)) {
     const int flags = gFlags;
     for (;;) {
-        int rc = Prompt(prompt, TakeInt, out);
+        int rc = Prompt(prompt, parse, out);
         if (rc != RTNORM) return rc;
         if ((flags & kNoZero) && *out == 0) WriteOutput("Value must be nonzero.\n");
         else if ((flags & kNoNegative) && *out < 0) WriteOutput("Value must be positive.\n");
@@ -199,17 +203,10 @@ int acedGetInt(const char* prompt, int* out) {
     }
 }
 
-int acedGetReal(const char* prompt, ads_real* out) {
-    const int flags = gFlags;
-    for (;;) {
-        int rc = Prompt(prompt, TakeReal, out);
-        if (rc != RTNORM) return rc;
-        if ((flags & kNoZero) && *out == 0) WriteOutput("Value must be nonzero.\n");
-        else if ((flags & kNoNegative) && *out < 0) WriteOutput("Value must be positive.\n");
-        else return rc;
-        gFlags = flags;
-    }
-}
+}  // namespace
+
+int acedGetInt(const char* prompt, int* out) { return GetNumber(prompt, out, TakeInt); }
+int acedGetReal(const char* prompt, ads_real* out) { return GetNumber(prompt, out, TakeReal); }
 
 int acedGetPoint(const ads_point, const char* prompt, ads_point out) {
     return Prompt(prompt, TakePoint, out);
