@@ -1,0 +1,92 @@
+// Entities and objects of kinds the host has no class for.
+#include "host/db/stub.h"
+#include "host/db/kept.h"
+
+#include <string_view>
+
+#include "host/db/database_impl.h"
+#include "host/db/entity_fields.h"
+#include "host/db/extras.h"
+#include "platform/dbdict.h"
+
+namespace lumo::db {
+
+namespace {
+
+struct ClassName {
+    const char* dxf;
+    const char* cls;
+};
+// The host's class names of kinds it keeps as they are.
+constexpr ClassName kNames[] = {
+    {"DIMENSION", "AcDbDimension"}, {"LEADER", "AcDbLeader"}, {"VIEWPORT", "AcDbViewport"},
+    {"MLINE", "AcDbMline"}, {"XLINE", "AcDbXline"}, {"RAY", "AcDbRay"}, {"SHAPE", "AcDbShape"},
+    {"TOLERANCE", "AcDbFcf"}, {"IMAGE", "AcDbRasterImage"}, {"WIPEOUT", "AcDbWipeout"},
+    {"OLE2FRAME", "AcDbOle2Frame"}, {"OLEFRAME", "AcDbOleFrame"}, {"ACAD_PROXY_ENTITY", "AcDbProxyEntity"},
+    {"MLEADER", "AcDbMLeader"}, {"MULTILEADER", "AcDbMLeader"}, {"ACAD_TABLE", "AcDbTable"},
+    {"ARCALIGNEDTEXT", "AcDbArcAlignedText"}, {"RTEXT", "AcDbRText"}, {"HELIX", "AcDbHelix"},
+    {"SURFACE", "AcDbSurface"}, {"MESH", "AcDbSubDMesh"}, {"LIGHT", "AcDbLight"},
+    {"UNDERLAY", "AcDbUnderlayReference"}, {"PDFUNDERLAY", "AcDbPdfReference"},
+    {"DWFUNDERLAY", "AcDbDwfReference"}, {"DGNUNDERLAY", "AcDbDgnReference"},
+    {"LAYOUT", "AcDbLayout"}, {"PLOTSETTINGS", "AcDbPlotSettings"}, {"MLINESTYLE", "AcDbMlineStyle"},
+    {"ACDBPLACEHOLDER", "AcDbPlaceHolder"}, {"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
+    {"DICTIONARYVAR", "AcDbDictionaryVar"}, {"RASTERVARIABLES", "AcDbRasterVariables"},
+    {"IMAGEDEF", "AcDbRasterImageDef"}, {"IMAGEDEF_REACTOR", "AcDbRasterImageDefReactor"},
+    {"SPATIAL_FILTER", "AcDbSpatialFilter"}, {"SPATIAL_INDEX", "AcDbSpatialIndex"},
+    {"LAYER_INDEX", "AcDbLayerIndex"}, {"LAYER_FILTER", "AcDbLayerFilter"},
+    {"SORTENTSTABLE", "AcDbSortentsTable"}, {"ACAD_PROXY_OBJECT", "AcDbProxyObject"},
+    {"IDBUFFER", "AcDbIdBuffer"}, {"OBJECT_PTR", "CAseDLPNTableRecord"}, {"MATERIAL", "AcDbMaterial"},
+    {"VISUALSTYLE", "AcDbVisualStyle"}, {"SCALE", "AcDbScale"}, {"TABLESTYLE", "AcDbTableStyle"},
+    {"MLEADERSTYLE", "AcDbMLeaderStyle"}, {"CELLSTYLEMAP", "AcDbCellStyleMap"},
+    {"WIPEOUTVARIABLES", "AcDbWipeoutVariables"}, {"FIELD", "AcDbField"}, {"FIELDLIST", "AcDbFieldList"},
+    {"GEODATA", "AcDbGeoData"}, {"SUN", "AcDbSun"},
+};
+
+AcRxClass* ClassFor(std::string_view dxf, AcRxClass* parent) {
+    for (const ClassName& n : kNames)
+        if (dxf == n.dxf) return acrxRegisterClass(n.cls, parent);
+    // An application's class: known by its DXF name alone.
+    static std::vector<std::string>* names = new std::vector<std::string>;
+    for (const std::string& s : *names)
+        if (s == dxf) return acrxRegisterClass(s.c_str(), parent);
+    names->emplace_back(dxf);
+    return acrxRegisterClass(names->back().c_str(), parent);
+}
+
+constexpr Section kKeptEntitySections[] = {kEntitySection};
+constexpr Record kKeptEntityRecord = MakeRecord(nullptr, nullptr, kKeptEntitySections);
+constexpr Record kKeptObjectRecord{nullptr, nullptr, nullptr, 0, nullptr, 5};
+
+}  // namespace
+
+KeptEntity::KeptEntity(std::string dxfName)
+    : m_name(std::move(dxfName)), m_class(ClassFor(m_name, AcDbEntity::desc())) {}
+
+const Record& KeptEntity::dxfRecord() const { return kKeptEntityRecord; }
+
+KeptObject::KeptObject(std::string dxfName)
+    : m_name(std::move(dxfName)), m_class(ClassFor(m_name, AcDbObject::desc())) {}
+
+const Record& KeptObject::dxfRecord() const { return kKeptObjectRecord; }
+
+const char* KeptDxfName(const AcDbObject& obj) {
+    if (&obj.dxfRecord() == &kKeptEntityRecord) return static_cast<const KeptEntity&>(obj).dxfName().c_str();
+    if (&obj.dxfRecord() == &kKeptObjectRecord) return static_cast<const KeptObject&>(obj).dxfName().c_str();
+    return "";
+}
+
+std::string LayoutNameOf(AcDbDatabase* db, AcDbObjectId layout) {
+    if (db && !layout.isNull()) {
+        // The key of the layout in ACAD_LAYOUT, as the host names layouts.
+        AcDbObject* nod = AcDbObjectId(db->impl().nod).isValid() ? static_cast<AcDbStub*>(db->impl().nod)->object : nullptr;
+        auto* root = nod ? AcDbDictionary::cast(nod) : nullptr;
+        const AcDbDictionary::Entry* e = root ? root->find("ACAD_LAYOUT") : nullptr;
+        auto* layouts = e && e->id && e->id->object ? AcDbDictionary::cast(e->id->object) : nullptr;
+        if (layouts)
+            for (const auto& entry : layouts->entries())
+                if (entry.id == static_cast<AcDbStub*>(layout)) return entry.key;
+    }
+    return "Layout1";
+}
+
+}  // namespace lumo::db
