@@ -12,11 +12,13 @@
 #include "host/ads/commands.h"
 #include "host/ads/input.h"
 #include "host/ads/output.h"
+#include "host/db/session.h"
 #include "host/app/applications.h"
 #include "host/lisp/builtins.h"
 #include "host/lisp/printer.h"
 #include "host/lisp/reader.h"
 #include "host/lisp/session.h"
+#include "host/win32/path_map.h"
 
 namespace {
 
@@ -111,6 +113,12 @@ int main(int argc, char** argv) {
     }
     lisp::InitInterpreter();
     lisp::SupportPath() = options.supportPath;
+    for (const std::string& drive : options.drives) {
+        if (!win32::ParseDriveOption(drive)) {
+            std::fprintf(stderr, "lumo: bad --drive value %s (expected X=DIR)\n", drive.c_str());
+            return kUsage;
+        }
+    }
     if (!options.answersFile.empty()) {
         std::vector<std::string> answers;
         if (!ReadLines(options.answersFile, answers)) {
@@ -121,8 +129,13 @@ int main(int argc, char** argv) {
     }
     const bool repl = options.repl || (options.actions.empty() && isatty(STDIN_FILENO));
     host::SetInteractiveInput(repl);
-    if (!options.drawing.empty() || !options.output.empty())
-        host::WriteError("lumo: drawings are not read or written yet; the session has a new drawing\n");
+    if (!options.drawing.empty()) {
+        std::string why;
+        if (!db::OpenDrawing(options.drawing, why)) {
+            host::WriteError("; error: " + why + "\n");
+            return kFileError;
+        }
+    }
 
     const std::string module = options.modulePath.empty() ? DefaultModule() : options.modulePath;
     host::Application* app = host::LoadApplication(module, &error);
@@ -142,6 +155,13 @@ int main(int argc, char** argv) {
         }
     }
     if (status == kOk && repl && !cli::RunRepl(options.quiet)) status = kOk;
+    if (status == kOk && !options.output.empty()) {
+        std::string why;
+        if (!db::SaveDrawing(options.output, why)) {
+            host::WriteError("; error: " + why + "\n");
+            status = kFileError;
+        }
+    }
     host::UnloadAllApplications();
     return status;
 }
