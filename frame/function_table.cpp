@@ -2,7 +2,11 @@
 // one-line banner; the order of the plain rows fixes their function codes.
 #include "frame/function_table.h"
 
+#include "frame/directory_lisp.h"
 #include "frame/frame_lisp.h"
+#include "frame/numlist_lisp.h"
+#include "frame/strings_lisp.h"
+#include "frame/system_lisp.h"
 
 const LispFunctionEntry gLispFunctions[] = {
     // ---- rows registered through acedRegFunc come first (none yet)
@@ -15,6 +19,68 @@ const LispFunctionEntry gLispFunctions[] = {
     {"c:lumo_hotkey", c_lumo_hotkey},
     {"#Ls", sharp_Ls},
     {"TEMP", TEMP},
+
+    // ---- strings
+    {"lumo_string_right", lumo_string_right},
+    {"lumo_string_left", lumo_string_left},
+    {"lumo_string_mid", lumo_string_mid},
+    {"lumo_string_SpanIncluding", lumo_string_SpanIncluding},
+    {"lumo_string_SpanExcluding", lumo_string_SpanExcluding},
+    {"lumo_string_Reverse", lumo_string_Reverse},
+    {"lumo_string_replace", lumo_string_replace},
+    {"lumo_string_Subst", lumo_string_Subst},
+    {"lumo_string_Find", lumo_string_Find},
+    {"lumo_string_Insert", lumo_string_Insert},
+    {"lumo_string_Remove", lumo_string_Remove},
+    {"lumo_string_TrimRight", lumo_string_TrimRight},
+    {"lumo_string_TrimLeft", lumo_string_TrimLeft},
+    {"lumo_string_FindOneOf", lumo_string_FindOneOf},
+    {"lumo_string_format", lumo_string_format},
+    {"lumo_string_tok", lumo_string_tok},
+    {"lumo_string_split", lumo_string_split},
+    {"lumo_string_join", lumo_string_join},
+    {"lumo_gettime", lumo_gettime},
+    {"lumo_getrandstr", lumo_getrandstr},
+
+    // ---- number lists
+    {"lumo_realsort1", lumo_realsort1},
+    {"lumo_realsort2", lumo_realsort2},
+    {"lumo_rlistsort1", lumo_rlistsort1},
+    {"lumo_rlistsort2", lumo_rlistsort2},
+    {"lumo_rlistdel1", lumo_rlistdel1},
+    {"lumo_rlistdel2", lumo_rlistdel2},
+
+    // ---- system
+    {"lumo_system_beep", lumo_system_beep},
+    {"lumo_system_ComputerName", lumo_system_ComputerName},
+    {"lumo_system_UserName", lumo_system_UserName},
+    {"lumo_system_VolumeName", lumo_system_VolumeName},
+    {"lumo_system_getSerial", lumo_system_getSerial},
+    {"lumo_system_getideserial", lumo_system_getideserial},
+    {"lumo_system_getscreenResolution", lumo_system_getscreenResolution},
+    {"lumo_system_WinFolder", lumo_system_WinFolder},
+    {"lumo_system_TempFolder", lumo_system_TempFolder},
+    {"lumo_system_WinSysFolder", lumo_system_WinSysFolder},
+    {"lumo_system_getLogicalDrive", lumo_system_getLogicalDrive},
+
+    // ---- files and folders
+    {"lumo_system_getfileAttributes", lumo_system_getfileAttributes},
+    {"lumo_system_setfileAttributes", lumo_system_setfileAttributes},
+    {"lumo_system_createfolder", lumo_system_createfolder},
+    {"lumo_system_setCurrentFolder", lumo_system_setCurrentFolder},
+    {"lumo_system_filerename", lumo_system_filerename},
+    {"lumo_system_filecopy", lumo_system_filecopy},
+    {"lumo_system_filemove", lumo_system_filecopy},
+    {"lumo_system_filedel", lumo_system_filedel},
+    {"lumo_system_deltree", lumo_system_deltree},
+    {"lumo_getcdir", lumo_getcdir},
+    {"lumo_getcd", lumo_getcdir},
+    {"lumo_makedir", lumo_makedir},
+    {"lumo_mkdir", lumo_makedir},
+    {"lumo_chdir", lumo_chdir},
+    {"lumo_changedir", lumo_chdir},
+    {"lumo_rmdir", lumo_rmdir},
+    {"lumo_removedir", lumo_rmdir},
 };
 
 const int gLispFunctionCount = sizeof gLispFunctions / sizeof gLispFunctions[0];

@@ -120,11 +120,15 @@ bool ShowsNonZero(const std::string& s) {
     return s.find_first_of("123456789") < e;
 }
 
-// Feet and inches joined as DIMZIN's low bits say.
+// DIMZIN's low bits: 1 shows zero feet and zero inches, 2 zero feet only,
+// 3 zero inches only, 0 neither.
+bool ShowsZeroFeet(const UnitStyle& style) { return (style.dimzin & 3) == 1 || (style.dimzin & 3) == 2; }
+bool ShowsZeroInches(const UnitStyle& style) { return (style.dimzin & 3) == 1 || (style.dimzin & 3) == 3; }
+
+// Feet and inches joined; a value with neither shown shows its inches.
 std::string FeetInches(long long feet, const std::string& inches, bool inchesZero, const UnitStyle& style) {
-    int z = style.dimzin & 3;
-    bool showFeet = feet != 0 || z == 1 || z == 2;
-    bool showInches = !inchesZero || z == 1 || z == 3 || !showFeet;
+    bool showFeet = feet != 0 || ShowsZeroFeet(style);
+    bool showInches = !inchesZero || ShowsZeroInches(style) || !showFeet;
     std::string out;
     if (showFeet) out = std::to_string(feet) + "'";
     if (showFeet && showInches && style.unitmode == 0) out += "-";
@@ -158,7 +162,7 @@ std::string Architectural(double a, int prec, const UnitStyle& style) {
     long long n = std::llround(a * static_cast<double>(den));
     long long perFoot = 12 * den;
     long long feet = n / perFoot, rest = n % perFoot;
-    std::string inches = WithFraction(rest / den, rest % den, den, feet == 0 && (style.dimzin & 3) != 1 && (style.dimzin & 3) != 2, style);
+    std::string inches = WithFraction(rest / den, rest % den, den, feet == 0 && !ShowsZeroFeet(style), style);
     return FeetInches(feet, inches, rest == 0, style);
 }
 

@@ -61,7 +61,10 @@ Ref Open(Args a) {
     else if (mode == "w" || mode == "W") cmode = "wb";
     else if (mode == "a" || mode == "A") cmode = "ab";
     if (!cmode || name.empty()) return nullptr;
-    std::FILE* fp = std::fopen(LocalPath(name).c_str(), cmode);
+    std::string path = LocalPath(name);
+    std::error_code ec;
+    if (path.empty() || fs::is_directory(path, ec)) return nullptr;   // Linux would open a folder
+    std::FILE* fp = std::fopen(path.c_str(), cmode);
     if (!fp) return nullptr;
     return Ref(new File(fp, name));
 }

@@ -220,16 +220,20 @@ Ref VlSymbolName(Args a) {
 
 Ref VlSymbolp(Args a) { ArgCount(a, 1, 1); return MakeBool(a[0].Is(Type::Sym)); }
 
-// From the end: the last occurrence at or after the start position.
+// From the end the search runs backwards from the start position (from the
+// last character when there is none).
 Ref VlStringPosition(Args a) {
     ArgCount(a, 2, 4);
     char c = static_cast<char>(IntArg(a[0]) & 0xFF);
     const std::string& s = StrArg(a[1]);
-    size_t start = StartArg(a, 2);
-    if (start >= s.size()) return nullptr;
-    size_t at = Given(a, 3) ? s.rfind(c) : s.find(c, start);
-    if (at == std::string::npos || at < start) return nullptr;
-    return MakeInt(static_cast<int32_t>(at));
+    size_t at = std::string::npos;
+    if (Given(a, 3)) {
+        if (!s.empty()) at = s.rfind(c, Given(a, 2) ? StartArg(a, 2) : s.size() - 1);
+    } else {
+        size_t start = StartArg(a, 2);
+        if (start < s.size()) at = s.find(c, start);
+    }
+    return at == std::string::npos ? Ref() : MakeInt(static_cast<int32_t>(at));
 }
 
 Ref VlStringElt(Args a) {

@@ -3,15 +3,14 @@
 
 #include <cstdlib>
 
+#include "host/win32/path_map.h"
 #include "platform/acedads.h"
 
 namespace lumo::lisp {
 
-std::string LocalPath(const std::string& path) {
-    // PATH MAPPING: the one place where Windows paths ("C:\dir\a.txt") become
-    // Linux ones; paths pass unchanged until the host's drive table is here.
-    return path;
-}
+// Windows paths ("C:\dir\a.txt") become Linux ones through the host's drive
+// table, and names are found in any letter case.
+std::string LocalPath(const std::string& path) { return win32::MapPath(path); }
 
 std::string DrawingFolder() {
     resbuf rb{};

@@ -72,6 +72,7 @@ bool IsRegularFile(const std::string& path) {
 std::string FindFile(const std::string& given) {
     if (given.empty()) return {};
     const std::string name = LocalPath(given);
+    if (name.empty()) return {};   // on a drive that is not mapped
     if (IsRegularFile(name)) return name;
     if (name[0] == '/') return {};
     std::vector<std::string> folders = SupportPath();

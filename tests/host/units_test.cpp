@@ -6,8 +6,11 @@
 #include <numbers>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/ads/units.h"
+#include "host/sysvars/sysvars.h"
 #include "platform/acedads.h"
 
 using lumo::host::FormatAngle;
@@ -279,4 +282,60 @@ TEST(AdsUnits, TextToNumbers) {
     EXPECT_NEAR(v, kPi / 4, 1e-12);
     EXPECT_EQ(acdbDisToF(nullptr, 2, &v), RTERROR);
     EXPECT_EQ(acdbAngToF("1", 2, nullptr), RTERROR);
+}
+
+namespace {
+
+// Sets system variables for one test and puts the old values back.
+class ScopedVars {
+public:
+    void Set(const char* name, int value) {
+        lumo::host::SysVarValue old;
+        ASSERT_TRUE(lumo::host::GetSysVar(name, old)) << name;
+        m_saved.emplace_back(name, old);
+        ASSERT_TRUE(lumo::host::SetSysVar(name, lumo::host::ShortVar(value), true)) << name;
+    }
+    ~ScopedVars() {
+        for (auto it = m_saved.rbegin(); it != m_saved.rend(); ++it) lumo::host::SetSysVar(it->first, it->second, true);
+    }
+private:
+    std::vector<std::pair<std::string, lumo::host::SysVarValue>> m_saved;
+};
+
+std::string RToS(double v, int unit, int prec) {
+    char out[lumo::host::kUnitTextSize];
+    return acdbRToS(v, unit, prec, out) == RTNORM ? out : "<error>";
+}
+std::string AngToS(double v, int unit, int prec) {
+    char out[lumo::host::kUnitTextSize];
+    return acdbAngToS(v, unit, prec, out) == RTNORM ? out : "<error>";
+}
+
+}  // namespace
+
+TEST(AdsUnits, MinusOneTakesTheDrawingsUnitsAndPrecision) {
+    ScopedVars vars;
+    vars.Set("LUNITS", 4);
+    vars.Set("LUPREC", 3);
+    vars.Set("AUNITS", 2);
+    vars.Set("AUPREC", 1);
+    EXPECT_EQ(RToS(15.5, -1, -1), "1'-3 1/2\"");
+    EXPECT_EQ(RToS(15.5, 2, -1), "15.500");
+    EXPECT_EQ(RToS(15.5, -1, 0), "1'-4\"");
+    EXPECT_EQ(AngToS(kPi / 4, -1, -1), "50.0g");
+    EXPECT_EQ(AngToS(kPi / 4, 0, -1), "45.0");
+    double v = 0;
+    EXPECT_EQ(acdbDisToF("1'-3\"", -1, &v), RTNORM);
+    EXPECT_DOUBLE_EQ(v, 15.0);
+    EXPECT_EQ(acdbAngToF("100", -1, &v), RTNORM);
+    EXPECT_NEAR(v, kPi / 2, 1e-12);
+}
+
+TEST(AdsUnits, DimzinComesFromTheSystemVariable) {
+    ScopedVars vars;
+    vars.Set("DIMZIN", 8);
+    EXPECT_EQ(RToS(12.5, 2, 4), "12.5");
+    EXPECT_EQ(RToS(20261122.153045, 2, 20), "20261122.153045");
+    vars.Set("DIMZIN", 1);
+    EXPECT_EQ(RToS(3.5, 3, 1), "0'-3.5\"");
 }
