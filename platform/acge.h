@@ -9,7 +9,7 @@ class AcGeMatrix3d;
 // equalPoint; vectors (and directions) against equalVector.
 class AcGeTol {
 public:
-    AcGeTol() = default;
+    constexpr AcGeTol() = default;
     double equalPoint() const { return mEqualPoint; }
     double equalVector() const { return mEqualVector; }
     void setEqualPoint(double value) { mEqualPoint = value; }
@@ -26,8 +26,8 @@ struct AcGeContext {
 
 class AcGeVector2d {
 public:
-    AcGeVector2d() = default;
-    AcGeVector2d(double xx, double yy) : x(xx), y(yy) {}
+    constexpr AcGeVector2d() = default;
+    constexpr AcGeVector2d(double xx, double yy) : x(xx), y(yy) {}
 
     static const AcGeVector2d kIdentity;   // the zero vector
     static const AcGeVector2d kXAxis;
@@ -74,8 +74,8 @@ inline AcGeVector2d operator*(double s, const AcGeVector2d& v) { return v * s; }
 
 class AcGePoint2d {
 public:
-    AcGePoint2d() = default;
-    AcGePoint2d(double xx, double yy) : x(xx), y(yy) {}
+    constexpr AcGePoint2d() = default;
+    constexpr AcGePoint2d(double xx, double yy) : x(xx), y(yy) {}
 
     static const AcGePoint2d kOrigin;
 
@@ -106,8 +106,8 @@ public:
 
 class AcGeVector3d {
 public:
-    AcGeVector3d() = default;
-    AcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+    constexpr AcGeVector3d() = default;
+    constexpr AcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
 
     static const AcGeVector3d kIdentity;   // the zero vector
     static const AcGeVector3d kXAxis;
@@ -162,8 +162,8 @@ inline AcGeVector3d operator*(double s, const AcGeVector3d& v) { return v * s; }
 
 class AcGePoint3d {
 public:
-    AcGePoint3d() = default;
-    AcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+    constexpr AcGePoint3d() = default;
+    constexpr AcGePoint3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
 
     static const AcGePoint3d kOrigin;
 
@@ -198,7 +198,8 @@ public:
 // A 4x4 matrix acting on column vectors: p' = M p, translation in column 3.
 class AcGeMatrix3d {
 public:
-    AcGeMatrix3d();   // the identity
+    constexpr AcGeMatrix3d()   // the identity
+        : entry{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}} {}
 
     static const AcGeMatrix3d kIdentity;
 

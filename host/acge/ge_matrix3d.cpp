@@ -4,9 +4,7 @@
 
 #include "platform/acge.h"
 
-const AcGeMatrix3d AcGeMatrix3d::kIdentity;
-
-AcGeMatrix3d::AcGeMatrix3d() { setToIdentity(); }
+constinit const AcGeMatrix3d AcGeMatrix3d::kIdentity;
 
 AcGeMatrix3d& AcGeMatrix3d::setToIdentity() {
     for (int r = 0; r < 4; ++r)

@@ -4,12 +4,12 @@
 
 #include "platform/acge.h"
 
-AcGeTol AcGeContext::gTol;
+constinit AcGeTol AcGeContext::gTol;
 
-const AcGeVector2d AcGeVector2d::kIdentity(0.0, 0.0);
-const AcGeVector2d AcGeVector2d::kXAxis(1.0, 0.0);
-const AcGeVector2d AcGeVector2d::kYAxis(0.0, 1.0);
-const AcGePoint2d AcGePoint2d::kOrigin(0.0, 0.0);
+constinit const AcGeVector2d AcGeVector2d::kIdentity(0.0, 0.0);
+constinit const AcGeVector2d AcGeVector2d::kXAxis(1.0, 0.0);
+constinit const AcGeVector2d AcGeVector2d::kYAxis(0.0, 1.0);
+constinit const AcGePoint2d AcGePoint2d::kOrigin(0.0, 0.0);
 
 double AcGeVector2d::length() const { return std::hypot(x, y); }
 

@@ -4,11 +4,11 @@
 
 #include "platform/acge.h"
 
-const AcGeVector3d AcGeVector3d::kIdentity(0.0, 0.0, 0.0);
-const AcGeVector3d AcGeVector3d::kXAxis(1.0, 0.0, 0.0);
-const AcGeVector3d AcGeVector3d::kYAxis(0.0, 1.0, 0.0);
-const AcGeVector3d AcGeVector3d::kZAxis(0.0, 0.0, 1.0);
-const AcGePoint3d AcGePoint3d::kOrigin(0.0, 0.0, 0.0);
+constinit const AcGeVector3d AcGeVector3d::kIdentity(0.0, 0.0, 0.0);
+constinit const AcGeVector3d AcGeVector3d::kXAxis(1.0, 0.0, 0.0);
+constinit const AcGeVector3d AcGeVector3d::kYAxis(0.0, 1.0, 0.0);
+constinit const AcGeVector3d AcGeVector3d::kZAxis(0.0, 0.0, 1.0);
+constinit const AcGePoint3d AcGePoint3d::kOrigin(0.0, 0.0, 0.0);
 
 namespace {
 double Length3(double x, double y, double z) { return std::sqrt(x * x + y * y + z * z); }

@@ -1,0 +1,37 @@
+// A circle in a plane parallel to XY.
+#pragma once
+#include "kernel/XCell.h"
+#include "kernel/XPoint.h"
+
+class XArc;
+class XLine;
+
+class XCircle : public XCell {
+public:
+    XCircle() : radius(0.0) {}
+    XCircle(const double* c, double r) : center(c), radius(r) {}
+    XCircle(const double* a, const double* b);   // on the diameter a b
+    XCircle(const XPoint& a, const XPoint& b, const XPoint& c);   // circumcircle, 0 when collinear
+    XCircle(const XCircle&) = default;
+    XCircle& operator=(const XCircle&) = default;
+
+    CellType Type() const override { return CellCircle; }
+    void Center(double pt[3]) override;
+    // Counts of surviving points; a gets the first, b the second. Either may be null.
+    virtual int Intersection(const XCircle& other, double* a, double* b) const;
+    virtual int Intersection(const XArc& arc, double* a, double* b) const;
+    virtual int Intersection(const XLine& line, double* a, double* b) const;
+    virtual int GetExtend(double* lo, double* hi) const;
+    virtual int GetSubArc(const XPoint& p, double chord, XArc& out) const;
+    virtual double Length() const;
+
+    double Area() const;
+    int operator!() const;
+    bool operator==(const XCircle& other) const;
+    XCircle Offset(double d) const;   // the same circle: d is ignored by design
+    void TransUCS(double m[4][4]);
+    int OSnap(int mode, XPoint& pt) const;
+
+    XPoint center;
+    double radius;
+};

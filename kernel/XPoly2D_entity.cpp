@@ -1,0 +1,107 @@
+#include "kernel/XPoly2D_entity.h"
+
+#include "kernel/XPoly2D.h"
+#include "kernel/bulge.h"
+#include "platform/acedads.h"
+#include "platform/dbents.h"
+#include "platform/dbmain.h"
+
+namespace {
+// The flag word bits of the old polyline.
+constexpr int kClosed = 1;
+constexpr int kCurveFit = 2;
+constexpr int kSplineFit = 4;
+constexpr int k3dPolyline = 8;
+constexpr int kLinetypeGen = 128;
+
+int Done(const XPoly2D& out) { return out.Count() > 0 ? RTNORM : RTERROR; }
+
+// Every vertex of an old polyline, with its bulge when it has one.
+template <class Vertex, class Polyline>
+void ReadVertices(const Polyline& pl, XPoly2D& out, double (*bulgeOf)(const Vertex&)) {
+    AcDbObjectIterator* it = pl.vertexIterator();
+    if (!it) return;
+    for (it->start(); !it->done(); it->step()) {
+        const Vertex* v = Vertex::cast(it->entity());
+        if (!v) break;
+        AcGePoint3d p = v->position();
+        out.AppendNode(XPoint(p), BulgeToAngle(bulgeOf(*v)));
+    }
+    delete it;
+}
+}  // namespace
+
+int ReadPolyline(const AcDbPolyline* pl, XPoly2D& out) {
+    out.Reset();
+    if (!pl) return RTERROR;
+    out.closed = (pl->isClosed() ? kClosed : 0) | (pl->hasPlinegen() ? kLinetypeGen : 0);
+    double z = pl->elevation();
+    for (unsigned int i = 0; i < pl->numVerts(); ++i) {
+        AcGePoint2d p;
+        double bulge = 0.0;
+        if (pl->getPointAt(i, p) != Acad::eOk || pl->getBulgeAt(i, bulge) != Acad::eOk) break;
+        out.AppendNode(XPoint(p.x, p.y, z), BulgeToAngle(bulge));
+    }
+    return Done(out);
+}
+
+int Read2dPolyline(const AcDb2dPolyline* pl, XPoly2D& out) {
+    out.Reset();
+    if (!pl) return RTERROR;
+    int flags = (pl->isClosed() ? kClosed : 0) | (pl->isLinetypeGenerationOn() ? kLinetypeGen : 0);
+    switch (pl->polyType()) {
+    case AcDb::k2dFitCurvePoly: flags |= kCurveFit; break;
+    case AcDb::k2dQuadSplinePoly:
+    case AcDb::k2dCubicSplinePoly: flags |= kSplineFit; break;
+    default: break;
+    }
+    out.closed = flags;
+    if (flags & (kCurveFit | kSplineFit)) return RTERROR;
+    ReadVertices<AcDb2dVertex>(*pl, out, [](const AcDb2dVertex& v) { return v.bulge(); });
+    return Done(out);
+}
+
+// A 3D polyline passes the flag test of the plane polylines: its vertices
+// are taken as they stand, all straight.
+int Read3dPolyline(const AcDb3dPolyline* pl, XPoly2D& out) {
+    out.Reset();
+    if (!pl) return RTERROR;
+    int flags = k3dPolyline | (pl->isClosed() ? kClosed : 0);
+    if (pl->polyType() != AcDb::k3dSimplePoly) flags |= kSplineFit;
+    out.closed = flags;
+    if (flags & kSplineFit) return RTERROR;
+    ReadVertices<AcDb3dPolylineVertex>(*pl, out, [](const AcDb3dPolylineVertex&) { return 0.0; });
+    return Done(out);
+}
+
+int ReadPolyEntity(const ads_name name, XPoly2D& out) {
+    out.Reset();
+    AcDbObjectId id;
+    if (acdbGetObjectId(id, name) != Acad::eOk) return RTERROR;
+    AcDbEntity* ent = nullptr;
+    if (acdbOpenAcDbEntity(ent, id, AcDb::kForRead) != Acad::eOk || !ent) return RTERROR;
+    int result = RTERROR;
+    if (const auto* lw = AcDbPolyline::cast(ent)) result = ReadPolyline(lw, out);
+    else if (const auto* p2 = AcDb2dPolyline::cast(ent)) result = Read2dPolyline(p2, out);
+    else if (const auto* p3 = AcDb3dPolyline::cast(ent)) result = Read3dPolyline(p3, out);
+    ent->close();
+    return result;
+}
+
+AcDbPolyline* NewPolyline(const XPoly2D& poly) {
+    if (poly.Count() < 2) return nullptr;
+    auto* pl = new AcDbPolyline(static_cast<unsigned int>(poly.Count()));
+    unsigned int i = 0;
+    auto angle = poly.angles.begin();
+    for (const XPoint& p : poly) {
+        double a = angle != poly.angles.end() ? *angle : 0.0;
+        if (angle != poly.angles.end()) ++angle;
+        pl->addVertexAt(i++, AcGePoint2d(p.x, p.y), AngleToBulge(a), -1.0, -1.0);
+    }
+    pl->setClosed(poly.closed != 0);
+    resbuf thickness{};
+    if (acedGetVar("THICKNESS", &thickness) == RTNORM && thickness.restype == RTREAL)
+        pl->setThickness(thickness.resval.rreal);
+    pl->setElevation(poly.First()->z);
+    return pl;
+}

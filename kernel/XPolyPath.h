@@ -1,0 +1,12 @@
+// A bulge polyline under the name of a path: the same value, its own type.
+#pragma once
+#include "kernel/XPoly2D.h"
+
+class XPolyPath : public XPoly2D {
+public:
+    XPolyPath() = default;
+    explicit XPolyPath(const XPoly2D& poly) : XPoly2D(poly) {}
+    XPolyPath(const XPolyPath&) = default;
+    XPolyPath& operator=(const XPolyPath&) = default;
+    ~XPolyPath() override = default;
+};
