@@ -13,6 +13,8 @@
 #include "host/ads/input.h"
 #include "host/ads/output.h"
 #include "host/db/session.h"
+#include "host/display/render.h"
+#include "host/display/view.h"
 #include "host/app/applications.h"
 #include "host/lisp/builtins.h"
 #include "host/lisp/printer.h"
@@ -135,6 +137,7 @@ int main(int argc, char** argv) {
             host::WriteError("; error: " + why + "\n");
             return kFileError;
         }
+        host::ResetViews();
     }
 
     const std::string module = options.modulePath.empty() ? DefaultModule() : options.modulePath;
@@ -155,6 +158,13 @@ int main(int argc, char** argv) {
         }
     }
     if (status == kOk && repl && !cli::RunRepl(options.quiet)) status = kOk;
+    if (!options.render.empty()) {
+        std::string why;
+        if (!host::RenderDrawing(options.render, why)) {
+            host::WriteError("; error: " + why + "\n");
+            if (status == kOk) status = kFileError;
+        }
+    }
     if (status == kOk && !options.output.empty()) {
         std::string why;
         if (!db::SaveDrawing(options.output, why)) {

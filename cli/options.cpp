@@ -14,6 +14,8 @@ const char* UsageText() {
            "  -L, --support-path DIR   folder searched by load and findfile (repeatable)\n"
            "  -d, --drawing FILE       open FILE (DXF) as the session's drawing\n"
            "  -o, --output FILE        save the drawing to FILE at the end\n"
+           "      --render FILE        draw the drawing and the screen's vectors at the\n"
+           "                           end into FILE (.svg, or .png)\n"
            "      --answers FILE       answers for prompts and dialogs, one per line\n"
            "      --drive X=DIR        map the drive letter X: to the folder DIR\n"
            "      --module PATH        the module to load (default: liblumo.so beside lumo)\n"
@@ -53,6 +55,7 @@ bool ParseOptions(int argc, char** argv, Options& out, std::string& error) {
         else if (is("-L", "--support-path")) { if (!value(v)) return false; out.supportPath.push_back(v); }
         else if (is("-d", "--drawing")) { if (!value(out.drawing)) return false; }
         else if (is("-o", "--output")) { if (!value(out.output)) return false; }
+        else if (is("", "--render")) { if (!value(out.render)) return false; }
         else if (is("", "--answers")) { if (!value(out.answersFile)) return false; }
         else if (is("", "--drive")) { if (!value(v)) return false; out.drives.push_back(v); }
         else if (is("", "--module")) { if (!value(out.modulePath)) return false; }

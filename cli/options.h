@@ -17,6 +17,7 @@ struct Options {
     std::string answersFile;
     std::string drawing;
     std::string output;
+    std::string render;               // a picture of the drawing at the end
     std::string modulePath;
     bool repl = false;
     bool quiet = false;

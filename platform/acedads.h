@@ -45,3 +45,5 @@ int acedGetInt(const char* prompt, int* out);
 int acedGetReal(const char* prompt, ads_real* out);
 int acedGetPoint(const ads_point base, const char* prompt, ads_point out);
 int acedGetInput(char* out);
+// Asks for one entity by a pick; the picked point comes back in `point`.
+int acedEntSel(const char* prompt, ads_name entity, ads_point point);

@@ -50,32 +50,12 @@ private:
     SysVarValue m_active, m_names;
 };
 
-// The view commands have nothing to redraw without a screen; they still
-// read their options like the host's.
-void Zoom() {
-    char option[133];
-    acedInitGet(0, "All Center Dynamic Extents Previous Scale Window");
-    acedGetKword("\nSpecify corner of window, enter a scale factor (nX or nXP), or\n"
-                 "[All/Center/Dynamic/Extents/Previous/Scale/Window] <real time>: ",
-                 option);
-}
-void Redraw() {}
-
-const bool kBuiltinCommands = [] {
-    RegisterCommand("ZOOM", Zoom);
-    RegisterCommand("REDRAW", Redraw);
-    RegisterCommand("REDRAWALL", Redraw);
-    RegisterCommand("REGEN", Redraw);
-    RegisterCommand("REGENALL", Redraw);
-    return true;
-}();
 
 }  // namespace
 
 void RegisterCommand(const std::string& name, CommandFn fn) { Commands()[Upper(name)] = fn; }
 
 bool RunCommand(const std::string& typed) {
-    (void)kBuiltinCommands;
     std::string name = typed;
     bool transparent = false;
     while (!name.empty() && (name[0] == '_' || name[0] == '.' || name[0] == '-' || name[0] == '\'')) {

@@ -1,6 +1,7 @@
 #include "host/display/render.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -26,6 +27,19 @@ struct Stroke {
     bool dashed;
 };
 
+// A text of the drawing: SVG shows its words, PNG its box.
+struct Label {
+    PlanPoint at;
+    double height, rotation;   // drawing units, radians
+    std::string text;
+    uint32_t rgb;
+};
+
+struct Picture {
+    std::vector<Stroke> strokes;
+    std::vector<Label> labels;
+};
+
 int GroupShort(const resbuf* list, int code, int fallback) {
     for (; list; list = list->rbnext)
         if (list->restype == code) return list->resval.rint;
@@ -36,6 +50,25 @@ const char* GroupText(const resbuf* list, int code) {
     for (; list; list = list->rbnext)
         if (list->restype == code) return list->resval.rstring;
     return nullptr;
+}
+
+double GroupReal(const resbuf* list, int code, double fallback) {
+    for (; list; list = list->rbnext)
+        if (list->restype == code) return list->resval.rreal;
+    return fallback;
+}
+
+bool TextLabel(const resbuf* list, uint32_t rgb, Label& out) {
+    const char* type = GroupText(list, 0);
+    const char* text = GroupText(list, 1);
+    if (!type || !text || (std::strcmp(type, "TEXT") != 0 && std::strcmp(type, "MTEXT") != 0)) return false;
+    for (const resbuf* rb = list; rb; rb = rb->rbnext)
+        if (rb->restype == 10) out.at = {rb->resval.rpoint[0], rb->resval.rpoint[1]};
+    out.height = GroupReal(list, 40, 1.0);
+    out.rotation = GroupReal(list, 50, 0.0);
+    out.text = text;
+    out.rgb = rgb;
+    return true;
 }
 
 // The entity's own colour, or its layer's for BYLAYER (and BYBLOCK).
@@ -49,8 +82,9 @@ int EntityColor(const resbuf* list) {
     return layerColor;
 }
 
-std::vector<Stroke> CollectStrokes() {
-    std::vector<Stroke> strokes;
+Picture CollectPicture() {
+    Picture picture;
+    std::vector<Stroke>& strokes = picture.strokes;
     for (int32_t serial : MainEntities()) {
         if (HiddenEntities().count(serial)) continue;
         ads_name name = {serial, 1};
@@ -58,15 +92,18 @@ std::vector<Stroke> CollectStrokes() {
         if (!list) continue;
         bool paper = GroupShort(list, 67, 0) == 1;
         uint32_t rgb = ColorRgb(EntityColor(list));
+        Label label;
+        bool isText = !paper && TextLabel(list, rgb, label);
         acutRelRb(list);
         if (paper) continue;
+        if (isText) picture.labels.push_back(std::move(label));
         std::vector<PlanPath> paths;
         EntityPlanPaths(name, paths);
         for (PlanPath& p : paths) strokes.push_back({std::move(p), rgb, HighlightedEntities().count(serial) != 0});
     }
     for (const ScreenVector& v : ScreenVectors())
         strokes.push_back({{{v.from[0], v.from[1]}, {v.to[0], v.to[1]}}, ColorRgb(v.color), v.highlight});
-    return strokes;
+    return picture;
 }
 
 // Maps the drawing into a picture of at most 1600 by 1200 pixels with a margin.
@@ -95,7 +132,20 @@ struct Frame {
     double Y(const PlanPoint& p) const { return height - (p.y - minY) * scale; }
 };
 
-bool WriteSvg(const std::string& path, const std::vector<Stroke>& strokes, std::string& error) {
+void EscapeXml(std::ostream& out, const std::string& text) {
+    for (char c : text) {
+        switch (c) {
+        case '<': out << "&lt;"; break;
+        case '>': out << "&gt;"; break;
+        case '&': out << "&amp;"; break;
+        case '"': out << "&quot;"; break;
+        default: out << c;
+        }
+    }
+}
+
+bool WriteSvg(const std::string& path, const Picture& picture, std::string& error) {
+    const std::vector<Stroke>& strokes = picture.strokes;
     Frame f(strokes);
     std::string tmp = path + ".tmp";
     {
@@ -118,6 +168,15 @@ bool WriteSvg(const std::string& path, const std::vector<Stroke>& strokes, std::
                 << (s.dashed ? " stroke-dasharray=\"4 3\"" : "") << " points=\"";
             for (const PlanPoint& p : s.path) out << f.X(p) << ',' << f.Y(p) << ' ';
             out << "\"/>\n";
+        }
+        for (const Label& l : picture.labels) {
+            std::snprintf(color, sizeof color, "#%06X", l.rgb);
+            double x = f.X(l.at), y = f.Y(l.at);
+            out << "<text x=\"" << x << "\" y=\"" << y << "\" font-size=\"" << l.height * f.scale
+                << "\" font-family=\"sans-serif\" fill=\"" << color << "\" transform=\"rotate("
+                << -l.rotation * 180 / M_PI << ' ' << x << ' ' << y << ")\">";
+            EscapeXml(out, l.text);
+            out << "</text>\n";
         }
         out << "</svg>\n";
         if (!out) {
@@ -142,7 +201,8 @@ void Plot(std::vector<uint8_t>& rgb, const Frame& f, int x, int y, uint32_t c) {
     px[2] = static_cast<uint8_t>(c);
 }
 
-bool WritePng(const std::string& path, const std::vector<Stroke>& strokes, std::string& error) {
+bool WritePng(const std::string& path, const Picture& picture, std::string& error) {
+    const std::vector<Stroke>& strokes = picture.strokes;
     Frame f(strokes);
     std::vector<uint8_t> rgb(static_cast<size_t>(f.width) * f.height * 3, 255);
     for (const Stroke& s : strokes) {
@@ -186,10 +246,10 @@ bool EndsWith(const std::string& s, const char* tail) {
 }  // namespace
 
 bool RenderDrawing(const std::string& path, std::string& error) {
-    std::vector<Stroke> strokes = CollectStrokes();
-    if (EndsWith(path, ".svg")) return WriteSvg(path, strokes, error);
+    Picture picture = CollectPicture();
+    if (EndsWith(path, ".svg")) return WriteSvg(path, picture, error);
 #ifdef LUMO_HAVE_PNG
-    if (EndsWith(path, ".png")) return WritePng(path, strokes, error);
+    if (EndsWith(path, ".png")) return WritePng(path, picture, error);
 #endif
     error = path + ": the picture must be .svg or .png";
     return false;

@@ -45,5 +45,14 @@ expect repl-multiline 3 "$(printf '%s\n' "$out" | grep -x '3')"
 expect repl-error '; error: bad argument type: consp 1' "$(printf '%s\n' "$out" | grep -o '; error: .*')"
 expect repl-goes-on 12 "$(printf '%s\n' "$out" | grep -x '12')"
 
+# Pictures of what a script drew.
+draw='(entmake (list (cons 0 "LINE") (list 10 0.0 0.0 0.0) (list 11 10.0 5.0 0.0)))(grdraw (list 0 5) (list 10 0) 1)'
+"$lumo" -q --render "$work/pic.svg" -x "$draw" >/dev/null 2>&1; expect render-svg-exit 0 $?
+expect render-svg-line 2 "$(grep -c '<polyline' "$work/pic.svg")"
+if "$lumo" -q --render "$work/pic.png" -x "$draw" >/dev/null 2>&1; then
+  expect render-png-magic PNG "$(head -c 4 "$work/pic.png" | tail -c 3)"
+fi
+"$lumo" -q --render "$work/pic.gif" -x '1' >/dev/null 2>&1; expect render-bad-kind-exit 3 $?
+
 [ "$failures" -eq 0 ] && echo "cli: all passed"
 exit "$failures"

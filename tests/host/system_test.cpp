@@ -95,9 +95,11 @@ TEST(MainWindow, CopyDataTypesText) {
 
 TEST(MainWindow, PixelsMapToTheViewAndBack) {
     ads_point world;
-    ASSERT_TRUE(acedCoordFromPixelToWorld(-1, POINT{512, 384}, world));
-    EXPECT_NEAR(world[0], 0, 1e-9);
-    EXPECT_NEAR(world[1], 0, 1e-9);
+    ASSERT_TRUE(acedCoordFromPixelToWorld(-1, POINT{512, 384}, world));   // the middle: VIEWCTR
+    resbuf ctr;
+    ASSERT_EQ(acedGetVar("VIEWCTR", &ctr), RTNORM);
+    EXPECT_NEAR(world[0], ctr.resval.rpoint[0], 1e-9);
+    EXPECT_NEAR(world[1], ctr.resval.rpoint[1], 1e-9);
     POINT pixel{};
     ads_point p = {10, 20, 0};
     ASSERT_TRUE(acedCoordFromWorldToPixel(-1, p, pixel));
