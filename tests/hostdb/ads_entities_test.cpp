@@ -223,7 +223,8 @@ TEST_F(AdsEntities, InsertWithAttributesAndBlockDefinition) {
     ads_name none;
     EXPECT_EQ(acdbEntLast(none), RTERROR);   // block entities aren't drawing entities
     ads_name block;
-    ASSERT_EQ(acdbEntMakeX(acutBuildList(RTDXF0, "ENDBLK", 0), block), RTNORM);
+    Rb endblk(acutBuildList(RTDXF0, "ENDBLK", 0));
+    ASSERT_EQ(acdbEntMakeX(endblk.p, block), RTNORM);
     Rb def(acdbTblSearch("BLOCK", "DOOR", 0));
     ASSERT_TRUE(def.p);
     EXPECT_EQ(def.Text(2), "DOOR");
