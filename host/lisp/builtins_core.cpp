@@ -97,7 +97,7 @@ const BuiltinTable kCore{{
     {"eval", EvalFn}, {"read", Read}, {"set", Set}, {"vl-symbol-value", SymbolValue},
     {"vl-catch-all-apply", CatchAllApply}, {"vl-catch-all-error-p", CatchErrorP},
     {"vl-catch-all-error-message", CatchErrorMessage}, {"exit", Exit}, {"quit", Exit},
-    {"vl-load-com", Nothing}, {"vl-load-reactors", Nothing}, {"gc", Nothing},
+    {"vl-load-com", Nothing}, {"vl-load-reactors", Nothing},
 }};
 
 }  // namespace

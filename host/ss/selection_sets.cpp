@@ -17,12 +17,18 @@ std::map<int32_t, std::unique_ptr<SelectionSet>>& Sets() {
 int32_t gNextNumber = 1;
 std::vector<int32_t> gPrevious;
 
+bool Unheld(const SelectionSet& set) { return !set.moduleOwned && set.lispRefs <= 0; }
+
+// Sets LISP has seen wait for the garbage collection.
 void DropIfUnheld(SelectionSet& set) {
-    if (!set.moduleOwned && set.lispRefs <= 0) Sets().erase(set.number);
+    if (Unheld(set) && !set.seenByLisp) Sets().erase(set.number);
 }
 
 void Retain(const int32_t name[2]) {
-    if (SelectionSet* set = FindSelectionSet(name)) ++set->lispRefs;
+    if (SelectionSet* set = FindSelectionSet(name)) {
+        ++set->lispRefs;
+        set->seenByLisp = true;
+    }
 }
 
 void Release(const int32_t name[2]) {
@@ -54,7 +60,7 @@ bool SelectionSet::Remove(int32_t serial) {
 
 SelectionSet* NewSelectionSet() {
     (void)kHooked;
-    if (OpenSetCount() >= kMaxOpenSets) return nullptr;
+    if (OpenSetCount() >= kMaxOpenSets && CollectSelectionSets() == 0) return nullptr;
     auto set = std::make_unique<SelectionSet>();
     set->number = gNextNumber++;
     set->moduleOwned = true;
@@ -82,6 +88,19 @@ void ReleaseModuleHold(const int32_t name[2]) {
 }
 
 int OpenSetCount() { return static_cast<int>(Sets().size()); }
+
+int CollectSelectionSets() {
+    int freed = 0;
+    for (auto it = Sets().begin(); it != Sets().end();) {
+        if (Unheld(*it->second)) {
+            it = Sets().erase(it);
+            ++freed;
+        } else {
+            ++it;
+        }
+    }
+    return freed;
+}
 
 void SetPreviousSelection(const std::vector<int32_t>& members) { gPrevious = members; }
 const std::vector<int32_t>& PreviousSelection() { return gPrevious; }

@@ -149,10 +149,18 @@ Ref Ssgetfirst(Args a) {
     return ListOf({nullptr, HandToLisp(name)});
 }
 
+// (gc): LISP's garbage collection, which frees the selection sets no
+// value refers to any more.
+Ref Gc(Args a) {
+    ArgCount(a, 0, 0);
+    host::CollectSelectionSets();
+    return nullptr;
+}
+
 const BuiltinTable kSelectionSets{{
     {"ssget", Ssget}, {"ssadd", Ssadd}, {"ssdel", Ssdel}, {"sslength", Sslength},
     {"ssname", Ssname}, {"ssmemb", Ssmemb}, {"ssnamex", Ssnamex},
-    {"sssetfirst", Sssetfirst}, {"ssgetfirst", Ssgetfirst},
+    {"sssetfirst", Sssetfirst}, {"ssgetfirst", Ssgetfirst}, {"gc", Gc},
 }};
 
 }  // namespace

@@ -39,7 +39,7 @@ TEST(SelectionSets, AModuleHoldsAtMostTheHostsNumberOfSets) {
     EXPECT_EQ(lumo::host::OpenSetCount(), before);
 }
 
-TEST(SelectionSets, ASetHandedToLispLivesAsLongAsItsValues) {
+TEST(SelectionSets, ASetHandedToLispLivesUntilTheGarbageCollectionAfterItsValues) {
     MakeLine();
     ads_name ss;
     ASSERT_EQ(acedSSGet("X", nullptr, nullptr, nullptr, ss), RTNORM);
@@ -47,14 +47,32 @@ TEST(SelectionSets, ASetHandedToLispLivesAsLongAsItsValues) {
     {
         lumo::lisp::Ref value = lumo::lisp::MakePickset(ss);
         lumo::host::ReleaseModuleHold(ss);
-        EXPECT_EQ(lumo::host::OpenSetCount(), open);
+        EXPECT_EQ(lumo::host::CollectSelectionSets(), 0);   // still referred to
         int32_t len = 0;
         EXPECT_EQ(acedSSLength(ss, &len), RTNORM);
         EXPECT_GE(len, 1);
     }
-    EXPECT_EQ(lumo::host::OpenSetCount(), open - 1);
     int32_t len = 0;
+    EXPECT_EQ(acedSSLength(ss, &len), RTNORM);   // dropped, not yet collected
+    EXPECT_EQ(lumo::host::CollectSelectionSets(), 1);
+    EXPECT_EQ(lumo::host::OpenSetCount(), open - 1);
     EXPECT_EQ(acedSSLength(ss, &len), RTERROR);
+}
+
+TEST(SelectionSets, DroppedLispSetsAreCollectedWhenTheCapIsReachedButHeldOnesShow) {
+    MakeLine();
+    ads_name ss;
+    for (int i = 0; i < 3 * lumo::host::kMaxOpenSets; ++i) {   // LISP drops each at once
+        ASSERT_EQ(acedSSGet("X", nullptr, nullptr, nullptr, ss), RTNORM) << i;
+        lumo::lisp::Ref value = lumo::lisp::MakePickset(ss);
+        lumo::host::ReleaseModuleHold(ss);
+    }
+    std::vector<std::array<int32_t, 2>> held;   // a module that never frees runs out
+    while (acedSSGet("X", nullptr, nullptr, nullptr, ss) == RTNORM) held.push_back({ss[0], ss[1]});
+    EXPECT_LE(held.size(), static_cast<size_t>(lumo::host::kMaxOpenSets));
+    for (auto& name : held) acedSSFree(name.data());
+    EXPECT_EQ(acedSSGet("X", nullptr, nullptr, nullptr, ss), RTNORM);
+    acedSSFree(ss);
 }
 
 TEST(SelectionSets, AddDeleteAndMembershipKeepOrderAndUniqueness) {
