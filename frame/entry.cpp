@@ -1,5 +1,7 @@
 // The module's entry: process attach, the application messages and the
 // order of things at load and unload.
+#include "database/selection_links.h"
+#include "database/selection_mark.h"
 #include "frame/InitKmv.h"
 #include "frame/frame_state.h"
 #include "frame/function_table.h"
@@ -22,6 +24,8 @@ bool OnExtensionAttach(HMODULE module) {
 
 void OnModuleStart() {
     gOutputSystem.resval.rint = 0;
+    gSelectionLinks = nullptr;   // empty at this point: nothing to free
+    ClearMark();
     acutPrintf("%s", "\n***  == AutoCAD 应用程序开发接口LuMo_API For ACAD 2000 Build 20506 ==  ***\n\n");
     AcRxDictionary* classes = acrxClassDictionary;
     if (!classes || !classes->at("AcBrEntity")) {

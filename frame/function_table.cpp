@@ -2,6 +2,7 @@
 // one-line banner; the order of the plain rows fixes their function codes.
 #include "frame/function_table.h"
 
+#include "database/pickset_lisp.h"
 #include "frame/directory_lisp.h"
 #include "frame/frame_lisp.h"
 #include "frame/numlist_lisp.h"
@@ -81,6 +82,27 @@ const LispFunctionEntry gLispFunctions[] = {
     {"lumo_changedir", lumo_chdir},
     {"lumo_rmdir", lumo_rmdir},
     {"lumo_removedir", lumo_rmdir},
+
+    // ---- selection sets
+    {"lumo_PickSet_Union", lumo_PickSet_Union},
+    {"lumo_PickSet_Subtract", lumo_PickSet_Subtract},
+    {"lumo_PickSet_Intersect", lumo_PickSet_Intersect},
+    {"lumo_getss", lumo_getss},
+    {"c:lumo_getss", c_lumo_getss},
+    {"lumo_savssnum", lumo_savssnum},
+    {"c:lumo_savsslink", c_lumo_savsslink},
+    {"lumo_setmark", lumo_setmark},
+    {"c:lumo_setmark", c_lumo_setmark},
+    {"C:P1", C_P1},
+    {"C:P2", C_P2},
+    {"C:P3", C_P3},
+    {"C:P4", C_P4},
+    {"C:P5", C_P5},
+    {"C:P6", C_P6},
+    {"C:P7", C_P7},
+    {"C:P8", C_P8},
+    {"C:P9", C_P9},
+    {"c:pp", c_pp},
 };
 
 const int gLispFunctionCount = sizeof gLispFunctions / sizeof gLispFunctions[0];

@@ -5,7 +5,8 @@
 // serial, non-zero and never reused while the process lives, word[1] is 1.
 // The LISP printer shows such a name as "<Entity name: %llx>" of
 // (0x7ff600000000 + serial * 16). Selection sets use word[0] = the set's
-// number and word[1] = 2, printed "<Selection set: N>". A name stays valid
+// number and word[1] = its bitwise complement, printed "<Selection set: N>".
+// A name stays valid
 // for the session: once its object is gone (erased and saved, or its drawing
 // closed) the calls that take it fail instead of reaching freed memory.
 #pragma once

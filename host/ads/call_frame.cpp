@@ -3,7 +3,6 @@
 
 #include "host/ads/output.h"
 #include "host/lisp/builtins.h"
-#include "host/ss/selection_sets.h"
 #include "host/lisp/resbuf_convert.h"
 #include "platform/acedads.h"
 #include "platform/acutads.h"
@@ -55,12 +54,10 @@ int acedRetNil() { return lumo::host::SetResult(nullptr); }
 int acedRetVoid() { return lumo::host::SetResult(lisp::Void()); }
 
 int acedRetName(const ads_name name, int type) {
-    if (type == RTPICKS) {
-        // A set handed to LISP is LISP's from now on.
-        int rc = lumo::host::SetResult(lisp::MakePickset(name));
-        lumo::host::ReleaseModuleHold(name);
-        return rc;
-    }
+    // LISP's value holds the set beside the module, which keeps its own hold
+    // until it frees the set: modules keep the sets they return in their
+    // stores and free them when they replace them.
+    if (type == RTPICKS) return lumo::host::SetResult(lisp::MakePickset(name));
     if (type == RTENAME) return lumo::host::SetResult(lisp::MakeEname(name));
     return RTERROR;
 }

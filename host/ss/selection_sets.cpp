@@ -70,14 +70,16 @@ SelectionSet* NewSelectionSet() {
 }
 
 SelectionSet* FindSelectionSet(const int32_t name[2]) {
-    if (!name || name[1] != 2) return nullptr;
+    if (!name || name[0] <= 0 || name[1] != ~name[0]) return nullptr;
     auto it = Sets().find(name[0]);
     return it == Sets().end() ? nullptr : it->second.get();
 }
 
 void NameOfSet(const SelectionSet& set, int32_t name[2]) {
+    // Both words differ from set to set, as the host's do: modules compare
+    // set names word by word.
     name[0] = set.number;
-    name[1] = 2;
+    name[1] = ~set.number;
 }
 
 void ReleaseModuleHold(const int32_t name[2]) {
