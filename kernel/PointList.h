@@ -3,6 +3,7 @@
 // ends, a circle with one point.
 #pragma once
 #include "kernel/XPointList.h"
+#include "platform/adsdef.h"
 
 class XCurveSegment;
 class XPoly2D;
@@ -17,6 +18,10 @@ public:
     // beyond the ends is added all the same but the answer stays RTERROR.
     int Insert(const XPoint& p, int extend);
     void AsPoly2D(XPoly2D& out) const;
+    // Replaces the entity by the pieces between the points: the first piece
+    // changes it, the others copy it; a circle becomes arcs on its layer and
+    // goes. The result of the last operation.
+    int Update(const ads_name ent);
 
     XPoint center;
     int kind;

@@ -13,6 +13,10 @@ public:
     XArc(const XPoint& a, const XPoint& b, double angle);
     // Through three points, running through m.
     XArc(const XPoint& a, const XPoint& m, const XPoint& b);
+    explicit XArc(const ads_name ent);   // circle and sector of the entity
+    // With m the centre and both ends go through it and the arc is rebuilt
+    // from them, so a mirror turns its direction.
+    XArc(const ads_name ent, double m[4][4]);
     XArc(const XArc&) = default;
     XArc& operator=(const XArc&) = default;
     XArc& operator=(const XSector& sector);   // the angles only
@@ -23,6 +27,9 @@ public:
     int GetExtend(double* lo, double* hi) const override;
     int GetSubArc(const XPoint& p, double chord, XArc& out) const override;
     double Length() const override;
+    int MakeLike(const ads_name like) const override;
+    int Make(const char* layer) const override;
+    int Modify(const ads_name ent) const override;
 
     double ChordLength() const;
     double Area() const;       // the circular sector; a whole turn folds to 0

@@ -2,6 +2,7 @@
 #pragma once
 #include "kernel/XCell.h"
 #include "kernel/XPoint.h"
+#include "platform/adsdef.h"
 
 class XArc;
 class XLine;
@@ -12,6 +13,9 @@ public:
     XCircle(const double* c, double r) : center(c), radius(r) {}
     XCircle(const double* a, const double* b);   // on the diameter a b
     XCircle(const XPoint& a, const XPoint& b, const XPoint& c);   // circumcircle, 0 when collinear
+    // Groups 10 and 40 of the entity; with m, centre and a rim point
+    // transformed and the radius their distance.
+    XCircle(const ads_name ent, double m[4][4]);
     XCircle(const XCircle&) = default;
     XCircle& operator=(const XCircle&) = default;
 
@@ -24,6 +28,9 @@ public:
     virtual int GetExtend(double* lo, double* hi) const;
     virtual int GetSubArc(const XPoint& p, double chord, XArc& out) const;
     virtual double Length() const;
+    virtual int MakeLike(const ads_name like) const;
+    virtual int Make(const char* layer) const;
+    virtual int Modify(const ads_name ent) const;
 
     double Area() const;
     int operator!() const;

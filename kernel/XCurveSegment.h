@@ -5,6 +5,7 @@
 #include "kernel/XArc.h"
 #include "kernel/XLine.h"
 
+class AcDbCurve;
 class XPoly2D;
 
 enum CurveType { CurveLine = 0, CurveArc = 1, CurveCircle = 2 };
@@ -14,6 +15,9 @@ public:
     explicit XCurveSegment(int isBounded = 1) : XLine(isBounded), angle(0.0) {}
     XCurveSegment(const XPoint& a, const XPoint& b, double includedAngle, int isBounded)
         : XLine(a, b, isBounded), angle(includedAngle) {}
+    // A LINE, ARC or CIRCLE of the drawing (see ReadCurveEntity); all zero
+    // for anything else.
+    XCurveSegment(const ads_name ent, int isBounded);
     XCurveSegment(const XCurveSegment&) = default;
     XCurveSegment& operator=(const XCurveSegment&) = default;
     XCurveSegment& operator=(const XLine& line);       // flag taken, angle 0
@@ -25,6 +29,7 @@ public:
     using XLine::Intersection;
 
     int GetExtend(XPoint& lo, XPoint& hi) const override;
+    int Make(const char* layer) const override;   // LINE, ARC or CIRCLE by kind
     double Length() const override;
     virtual XArc GetArc() const;
     virtual int OnWhichSide(const XPoint& p) const;      // 0 left, 1 right, 2 on it
@@ -56,6 +61,13 @@ public:
     resbuf* AsFence(int n) const;   // the caller frees the chain
     XCurveSegment Offset(double d, int isBounded) const;
     XCurveSegment Offset(int side, double d, int isBounded) const;
+
+    int MakeLike(const ads_name like) const;
+    // A SOLID of fixed size pointing the way of travel at the midpoint; out
+    // names it.
+    int MakeArrow(ads_name out) const;
+    AcDbCurve* AsAcDbCurve() const;   // a new line or arc, null for a circle
+    static resbuf* Mask(const char* layer);   // lines, arcs and circles on a layer
 
     double angle;
 

@@ -1,6 +1,7 @@
 // A segment, or with bounded 0 the unbounded line through two points.
 #pragma once
 #include "kernel/XPoint.h"
+#include "platform/adsdef.h"
 
 class XArc;
 class XCircle;
@@ -13,6 +14,9 @@ public:
     explicit XLine(int isBounded = 0) : bounded(isBounded) {}
     XLine(const double* a, const double* b, int isBounded) : start(a), end(b), bounded(isBounded) {}
     XLine(const XPoint& p, double angle);   // to 100.0 along angle, unbounded
+    // The ends of a LINE entity, through m when m is given; zero ends and
+    // flag 0 for anything else. The int is accepted and not kept.
+    XLine(const ads_name ent, int, double m[4][4]);
     XLine(const XLine&) = default;
     XLine& operator=(const XLine&) = default;
     virtual ~XLine() = default;
@@ -23,6 +27,10 @@ public:
     virtual int GetExtend(XPoint& lo, XPoint& hi) const;   // RTNORM
     virtual double Length() const;
     virtual double PathArea() const;   // signed area between the segment and the X axis
+    virtual int Make(const char* layer) const;   // a LINE; null layer: the current one
+
+    int MakeLike(const ads_name like) const;     // a LINE copying the model's list
+    int Modify(const ads_name ent) const;        // RTERROR unless ent is a LINE
 
     void SetPoints(const XPoint& a, const XPoint& b);
     void SetElevation(double z);

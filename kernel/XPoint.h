@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "platform/acge.h"
+#include "platform/adsdef.h"
 
 class XLine;
 class XCircle;
@@ -75,6 +76,12 @@ public:
     void GetRotationMatrix(double angle, double m[4][4]) const;
     void GetScaleMatrix(double s, double m[4][4]) const;
     void GetScaleMatrix(double sx, double sy, double sz, double m[4][4]) const;
+
+    // Drawing hooks: a POINT on the layer (null: the current one), a POINT
+    // copying a model entity's list and extended data, the POINT moved here.
+    int Make(const char* layer) const;
+    int MakeLike(const ads_name like) const;
+    int Modify(const ads_name ent) const;
 
     double x, y, z;
 };

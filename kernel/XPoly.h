@@ -2,6 +2,7 @@
 #pragma once
 #include "kernel/XCell.h"
 #include "kernel/XPointList.h"
+#include "platform/adsdef.h"
 
 class XLine;
 struct resbuf;
@@ -11,6 +12,9 @@ public:
     XPoly() = default;
     // Points from the chain while its items are RT3DPOINT or RTPOINT.
     explicit XPoly(const resbuf* list);
+    // The vertices of a LWPOLYLINE (at its elevation) or of an old polyline
+    // up to its SEQEND or its first face record; empty for anything else.
+    explicit XPoly(const ads_name ent);
     XPoly(const XPoly&) = default;
     XPoly& operator=(const XPoly&) = default;
 

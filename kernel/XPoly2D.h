@@ -5,6 +5,7 @@
 #pragma once
 #include "frame/DList.h"
 #include "kernel/XPoint.h"
+#include "platform/adsdef.h"
 
 class XArc;
 class XCurveSegment;
@@ -16,6 +17,9 @@ struct resbuf;
 class XPoly2D : public DList<XPoint> {
 public:
     explicit XPoly2D(int isClosed = 0) : closed(isClosed) {}
+    // The nodes of a LWPOLYLINE or an old polyline (see ReadPolyEntity);
+    // empty for anything else.
+    explicit XPoly2D(const ads_name ent);
     XPoly2D(const XPoly2D&) = default;
     XPoly2D& operator=(const XPoly2D&) = default;
     ~XPoly2D() override = default;
@@ -65,8 +69,17 @@ public:
     resbuf* Polygon(int n) const;
     int CreatePface(int n, const char* layer) const;
 
+    // A LWPOLYLINE in model space, on the layer when one is given (made if
+    // missing): RTNORM, or RTERROR below 2 nodes.
+    int Make(const char* layer) const;
+    int MakeSegment(int i, const char* layer) const;   // a LINE or an ARC; RTNORM
+    int MakeSegments(const char* layer) const;
+
     int closed;
     DList<double> angles;
+
+protected:
+    int MakeVertex(int i, const char* layer) const;   // a VERTEX, bulge in 42
 
 private:
     // One flattening walk: open or closed, chords per circle n or by dev.

@@ -1,10 +1,15 @@
 #include "kernel/XPoly2D_entity.h"
 
+#include "kernel/XArc.h"
+#include "kernel/XLine.h"
 #include "kernel/XPoly2D.h"
 #include "kernel/bulge.h"
+#include "kernel/entity_lists.h"
 #include "platform/acedads.h"
 #include "platform/dbents.h"
+#include "platform/acutads.h"
 #include "platform/dbmain.h"
+#include "platform/dbsymtb.h"
 
 namespace {
 // The flag word bits of the old polyline.
@@ -104,4 +109,44 @@ AcDbPolyline* NewPolyline(const XPoly2D& poly) {
         pl->setThickness(thickness.resval.rreal);
     pl->setElevation(poly.First()->z);
     return pl;
+}
+
+namespace {
+// New layers of a polyline take this colour.
+constexpr int kNewLayerColor = 16;
+
+}  // namespace
+
+XPoly2D::XPoly2D(const ads_name ent) : closed(0) { ReadPolyEntity(ent, *this); }
+
+int XPoly2D::Make(const char* layer) const {
+    AcDbPolyline* pl = NewPolyline(*this);
+    if (!pl) return RTERROR;
+    if (layer && AssureLayerRecord(layer, kNewLayerColor) == RTNORM) pl->setLayer(layer);
+    if (AppendToModelSpace(pl) != RTNORM) {
+        delete pl;
+        return RTERROR;
+    }
+    pl->close();
+    return RTNORM;
+}
+
+int XPoly2D::MakeSegment(int i, const char* layer) const {
+    XLine line(1);
+    XArc arc;
+    int kind = Nth(i, line, arc);
+    if (kind == 5101) line.Make(layer);
+    else if (kind == 5102) arc.Make(layer);
+    return RTNORM;
+}
+
+int XPoly2D::MakeSegments(const char* layer) const {
+    for (int i = 0; i < Count(); ++i) MakeSegment(i, layer);
+    return RTNORM;
+}
+
+int XPoly2D::MakeVertex(int i, const char* layer) const {
+    const XPoint* p = Vertex(i);
+    if (!p || i < 0 || i >= Count()) return RTERROR;
+    return MakeEntityFromGroups("VERTEX", layer, acutBuildList(10, &p->x, 42, AngleToBulge(Angle(i)), 0));
 }

@@ -28,6 +28,9 @@ public:
     double Height() const { return up.y - low.y; }
     void SetElevation(double z);
     void AsPoly2D(XPoly2D& out) const;
+    // Four LINEs, or a closed LWPOLYLINE in model space; null layer: the
+    // current one.
+    void Make(const char* layer, int asLines) const;
 
     XPoint low;
     XPoint up;

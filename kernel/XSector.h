@@ -1,11 +1,13 @@
 // An angular interval run counter-clockwise from start to end; it crosses
 // angle 0 when start is above end.
 #pragma once
+#include "platform/adsdef.h"
 
 class XSector {
 public:
     XSector();   // the whole turn, 0 to 2 pi
     XSector(double start, double end) : startAngle(start), endAngle(end) {}
+    explicit XSector(const ads_name ent);   // an ARC's angles, else the whole turn
     XSector(const XSector&) = default;
     XSector& operator=(const XSector&) = default;
 

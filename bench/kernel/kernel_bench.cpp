@@ -13,6 +13,7 @@
 #include "kernel/XPoly.h"
 #include "kernel/XPoly2D.h"
 #include "kernel/shape_relations.h"
+#include "platform/acdbads.h"
 
 namespace {
 constexpr double kPi = std::numbers::pi;
@@ -120,4 +121,39 @@ void BM_PathArea(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 BENCHMARK(BM_PathArea)->RangeMultiplier(10)->Range(10, 100000)->Complexity(benchmark::oN);
+}  // namespace
+
+namespace {
+// A LWPOLYLINE of n nodes in a fresh drawing, read back into a bulge
+// polyline; and the other way, a bulge polyline made into a new entity.
+void BM_Poly2DFromEntity(benchmark::State& state) {
+    XPoly2D outline = Outline(static_cast<int>(state.range(0)));
+    if (outline.Make(nullptr) != RTNORM) {
+        state.SkipWithError("the polyline was not made");
+        return;
+    }
+    ads_name name;
+    acdbEntLast(name);
+    for (auto _ : state) {
+        XPoly2D back(name);
+        benchmark::DoNotOptimize(back.Count());
+    }
+    acdbEntDel(name);
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_Poly2DFromEntity)->RangeMultiplier(10)->Range(10, 100000)->Complexity(benchmark::oN);
+
+void BM_Poly2DToEntity(benchmark::State& state) {
+    XPoly2D outline = Outline(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(outline.Make(nullptr));
+        state.PauseTiming();
+        ads_name name;
+        acdbEntLast(name);
+        acdbEntDel(name);
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_Poly2DToEntity)->RangeMultiplier(10)->Range(10, 100000)->Complexity(benchmark::oN);
 }  // namespace
