@@ -5,7 +5,9 @@
 // without a message.
 #include "frame/strings_lisp.h"
 
+#include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -295,21 +297,26 @@ int lumo_gettime() {
 }
 
 namespace {
-unsigned long gRandState = 1000;   // the generator's state between calls
-unsigned long gRandSeed = 0;       // the seed of the last word
+uint32_t gRandState = 1000;   // the generator's state between calls
+uint32_t gRandSeed = 0;       // the seed of the last word
+
+// atol of the module's 32-bit long: a number past the range stops at its end.
+int32_t Atol32(const char* text) {
+    long long n = std::strtoll(text, nullptr, 10);
+    return static_cast<int32_t>(std::clamp<long long>(n, INT32_MIN, INT32_MAX));
+}
 }  // namespace
 
 int lumo_getrandstr() {
     if (acedGetArgs()) return RTNORM;
-    std::srand(static_cast<unsigned>(gRandState));
-    gRandState = static_cast<unsigned long>(std::rand() % 17545);
+    std::srand(gRandState);
+    gRandState = static_cast<uint32_t>(std::rand() % 17545);
     char text[64];
     DateTimeString(text);
-    // atol as strtol: a number past the range stops at its end.
-    unsigned long number = static_cast<unsigned long>(std::strtol(text, nullptr, 10));
+    uint32_t number = static_cast<uint32_t>(Atol32(text));
     // A state of 0 would divide by zero: the number itself is the seed then.
     gRandSeed = gRandState ? number % gRandState : number;
-    std::srand(static_cast<unsigned>(gRandSeed));
+    std::srand(gRandSeed);
     int n = std::rand() % 17575;
     const char* digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     char word[8];

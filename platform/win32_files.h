@@ -48,7 +48,8 @@ BOOL CopyFileA(LPCSTR existing, LPCSTR newName, BOOL failIfExists);
 
 // Folders of the machine. Each writes the folder and returns its length; a
 // buffer too small gets nothing and the return is the size needed, the
-// terminator included. The temporary folder ends with a backslash.
+// terminator included. The temporary folder ends with a backslash, or with a
+// slash where it lies on no drive and so reads as a Linux path.
 UINT GetWindowsDirectoryA(LPSTR buffer, UINT size);
 UINT GetSystemDirectoryA(LPSTR buffer, UINT size);
 DWORD GetTempPathA(DWORD size, LPSTR buffer);

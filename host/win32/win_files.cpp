@@ -29,7 +29,9 @@ std::string TempFolder() {
         const char* tmp = std::getenv("TMPDIR");
         folder = ToWindowsPath(tmp && *tmp ? tmp : "/tmp");
     }
-    if (folder.back() != '\\' && folder.back() != '/') folder += '\\';
+    // A folder on no drive stays a Linux path, whose separator is the slash:
+    // a name appended to it must not become part of the folder's last name.
+    if (folder.back() != '\\' && folder.back() != '/') folder += folder[0] == '/' ? '/' : '\\';
     return folder;
 }
 

@@ -206,3 +206,39 @@ TEST(CString, DeleteThenInsertRestoresTheText) {
         EXPECT_EQ(S(CString(text.c_str()).Left(at) + CString(text.c_str()).Mid(at)), text);
     }
 }
+
+// Every extraction, search and edit against a plain model of the clamping
+// rules, with indices and counts reaching past both ends.
+TEST(CString, AgreesWithAClampingModelOnAnyIndex) {
+    std::mt19937 rng(42);
+    auto clamp = [](int v, int lo, int hi) { return v < lo ? lo : v > hi ? hi : v; };
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        int n = static_cast<int>(rng() % 12);
+        for (int i = 0; i < n; ++i) text += static_cast<char>('a' + rng() % 4);
+        int a = static_cast<int>(rng() % 20) - 5;
+        int b = static_cast<int>(rng() % 20) - 5;
+        std::string part(static_cast<size_t>(rng() % 3), 'a');
+        for (char& c : part) c = static_cast<char>('a' + rng() % 4);
+        CString s(text.c_str());
+
+        int first = clamp(a, 0, n);
+        EXPECT_EQ(S(s.Mid(a, b)), text.substr(static_cast<size_t>(first), static_cast<size_t>(clamp(b, 0, n - first))));
+        EXPECT_EQ(S(s.Mid(a)), text.substr(static_cast<size_t>(first)));
+        EXPECT_EQ(S(s.Left(b)), text.substr(0, static_cast<size_t>(clamp(b, 0, n))));
+        EXPECT_EQ(S(s.Right(b)), text.substr(static_cast<size_t>(n - clamp(b, 0, n))));
+
+        size_t found = a < 0 || a > n ? std::string::npos : text.find(part, static_cast<size_t>(a));
+        EXPECT_EQ(s.Find(part.c_str(), a), found == std::string::npos ? -1 : static_cast<int>(found));
+
+        CString deleted(s);
+        std::string modelDeleted = text;
+        if (b > 0 && first < n) modelDeleted.erase(static_cast<size_t>(first), static_cast<size_t>(b));
+        deleted.Delete(a, b);
+        EXPECT_EQ(S(deleted), modelDeleted) << text << " Delete(" << a << ", " << b << ")";
+
+        CString inserted(s);
+        inserted.Insert(a, part.c_str());
+        EXPECT_EQ(S(inserted), std::string(text).insert(static_cast<size_t>(first), part));
+    }
+}

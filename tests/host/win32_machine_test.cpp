@@ -61,6 +61,17 @@ TEST(Win32Machine, FoldersFromTheSettings) {
     EXPECT_EQ(GetWindowsDirectoryA(buf, 5), 11u);
 }
 
+TEST(Win32Machine, TemporaryFolderOnNoDriveEndsWithASlash) {
+    MachineReset reset;
+    char buf[261];
+    ASSERT_TRUE(SetMachineSetting("temp", "/var/tmp"));
+    GetTempPathA(sizeof buf, buf);
+    EXPECT_STREQ(buf, "/var/tmp/");
+    ASSERT_TRUE(SetMachineSetting("temp", "C:\\Temp\\"));
+    GetTempPathA(sizeof buf, buf);
+    EXPECT_STREQ(buf, "C:\\Temp\\");
+}
+
 TEST(Win32Machine, VolumeLabelAndSerial) {
     MachineReset reset;
     ASSERT_TRUE(SetMachineSetting("serial", "1a2b3c4d"));

@@ -30,6 +30,16 @@
 (check 'beep-too-low (lumo_system_beep 36 10) nil)
 (check 'beep (lumo_system_beep 37 10) T)
 (check 'beep-missing-duration (lumo_system_beep 440) nil)
+(check 'beep-real-frequency (lumo_system_beep 440.0 10) nil)
+(check 'beep-text-duration (lumo_system_beep 440 "x") nil)
+(check 'beep-negative (lumo_system_beep -440 10) nil)
+(check 'beep-highest (lumo_system_beep 32767 1) T)
+
+;;; the rest take no argument
+(check 'ide-serial-unset (lumo_system_getideserial) nil)
+(check 'win-folder-args (lumo_system_WinFolder 1) nil)
+(check 'temp-folder-args (lumo_system_TempFolder "x") nil)
+(check 'sys-folder-args (lumo_system_WinSysFolder nil 1) nil)
 
 ;;; a fresh folder: C:\tmp\lumosysNNN in Windows form, /tmp/lumosysNNN on the host
 (setq host-base (vl-filename-mktemp "lumosys"))

@@ -1,0 +1,78 @@
+;;; The module's number-list functions: sorts with a tolerance of 1e-5 and
+;;; deletions by the first member of an element.
+(load "check.lsp")
+
+;;; lumo_realsort1 and lumo_realsort2
+(check 'realsort1 (lumo_realsort1 3 1 1.000001 2) '(1.0 2.0 3.0))
+(check 'realsort2 (lumo_realsort2 3 1 1.000001 2) '(1.0 1.000001 2.0 3.0))
+(check 'realsort-integers-become-reals (lumo_realsort2 3 -1 2) '(-1.0 2.0 3.0))
+(check 'realsort-type-of-result (type (car (lumo_realsort2 3 1))) 'REAL)
+(check 'realsort-one (lumo_realsort1 7) '(7.0))
+(check 'realsort-duplicates-kept (lumo_realsort2 2 2.0 1) '(1.0 2.0 2.0))
+(check 'realsort-duplicates-dropped (lumo_realsort1 2 2.0 1 2) '(1.0 2.0))
+;; each value is measured against the one before it, dropped or not
+(check 'realsort1-chain (lumo_realsort1 1.0 1.000006 1.000012) '(1.0))
+;; near values compare equal, so they keep the order they came in
+(check 'realsort2-near-stay (lumo_realsort2 1.000006 1.0) '(1.000006 1.0))
+(check 'realsort1-apart (lumo_realsort1 1.0 1.00002) '(1.0 1.00002))
+(check 'realsort-negative (lumo_realsort1 0.5 -2.5 -0.5 0) '(-2.5 -0.5 0.0 0.5))
+(check 'realsort-no-args (lumo_realsort1) nil)
+(check 'realsort-text (lumo_realsort1 1 "a") nil)
+(check 'realsort-text-last (lumo_realsort2 1 2 "x") nil)
+(check 'realsort-long (lumo_realsort1 1 70000) nil)
+(check 'realsort-list (lumo_realsort2 '(1 2)) nil)
+(check 'realsort-point (lumo_realsort2 '(1.0 2.0)) nil)
+;; a larger shuffled run comes back in order
+(setq run nil i 0)
+(repeat 200 (setq run (cons (rem (* i 37) 200) run) i (1+ i)))
+(setq sorted (apply 'lumo_realsort2 run))
+(check 'realsort-count (length sorted) 200)
+(check 'realsort-order (vl-every '<= sorted (cdr (append sorted (list 1e9)))) T)
+(check 'realsort-ends (list (car sorted) (last sorted)) '(0.0 199.0))
+
+;;; lumo_rlistsort1 and lumo_rlistsort2
+(check 'rlistsort2 (lumo_rlistsort2 '(3 "c") '(1 "a") '(2 "b")) '((1 "a") (2 "b") (3 "c")))
+(check 'rlistsort1 (lumo_rlistsort1 '(1 "a") '(1.000001 "b") '(0 "z")) '((0 "z") (1 "a")))
+(check 'rlistsort2-near-kept (lumo_rlistsort2 '(1 "a") '(1.000001 "b")) '((1 "a") (1.000001 "b")))
+(check 'rlistsort-points (lumo_rlistsort2 '(3.0 0.0 0.0) '(1.0 5.0 0.0)) '((1.0 5.0 0.0) (3.0 0.0 0.0)))
+(check 'rlistsort-2d-points (lumo_rlistsort2 '(3.0 1.0) '(1.0 2.0)) '((1.0 2.0) (3.0 1.0)))
+(check 'rlistsort-mixed (lumo_rlistsort2 '(2.0 0.0 0.0) '(1 "a") '(3 ("x" "y"))) '((1 "a") (2.0 0.0 0.0) (3 ("x" "y"))))
+(check 'rlistsort-dotted (lumo_rlistsort2 '(2 . "b") '(1 . "a")) '((1 . "a") (2 . "b")))
+(check 'rlistsort-nested (lumo_rlistsort2 '(2 (1 2) "b") '(1 (3 4) "a")) '((1 (3 4) "a") (2 (1 2) "b")))
+(check 'rlistsort1-point-near (lumo_rlistsort1 '(1.0 0.0 0.0) '(1.000001 9.0 0.0)) '((1.0 0.0 0.0)))
+(check 'rlistsort-text-key (lumo_rlistsort2 '("a" 1) '(1 "b")) nil)
+(check 'rlistsort-plain-first (lumo_rlistsort1 1 2) nil)
+(check 'rlistsort-plain-later (lumo_rlistsort2 '(1 "a") 2) nil)
+(check 'rlistsort-no-args (lumo_rlistsort2) nil)
+
+;;; lumo_rlistdel1 and lumo_rlistdel2
+(check 'rlistdel1 (lumo_rlistdel1 1 '(1 "a") '(2 "b") '(1 "c")) '((2 "b")))
+(check 'rlistdel2 (lumo_rlistdel2 1 '(1 "a") '(2 "b") '(1 "c")) '((2 "b") (1 "c")))
+;; of two matches side by side only the first goes
+(check 'rlistdel1-neighbours (lumo_rlistdel1 1 '(1 "a") '(1 "b") '(1 "c")) '((1 "b")))
+(check 'rlistdel1-four-neighbours (lumo_rlistdel1 1 '(1 "a") '(1 "b") '(1 "c") '(1 "d")) '((1 "b") (1 "d")))
+(check 'rlistdel1-pair-at-end (lumo_rlistdel1 1 '(2 "a") '(1 "b") '(1 "c")) '((2 "a") (1 "c")))
+(check 'rlistdel-short-real (lumo_rlistdel1 1.0 '(1 "a") '(2 "b")) '((2 "b")))
+(check 'rlistdel-exact (lumo_rlistdel1 1 '(1.000001 "a")) '((1.000001 "a")))
+(check 'rlistdel-number-point (lumo_rlistdel1 1.0 '(1.0 5.0 0.0) '(2.0 5.0 0.0)) '((2.0 5.0 0.0)))
+(check 'rlistdel-number-2d-point (lumo_rlistdel2 2 '(1.0 5.0) '(2.0 5.0)) '((1.0 5.0)))
+(check 'rlistdel-text (lumo_rlistdel1 "b" '("a" 1) '("b" 2)) '(("a" 1)))
+(check 'rlistdel-text-case (lumo_rlistdel1 "B" '("a" 1) '("b" 2)) '(("a" 1) ("b" 2)))
+(check 'rlistdel-text-number (lumo_rlistdel1 "1" '(1 "a")) '((1 "a")))
+(check 'rlistdel-point (lumo_rlistdel2 '(1.0 2.0) '((1.0 2.0) "a") '(3 "b")) '((3 "b")))
+(check 'rlistdel-point-3d (lumo_rlistdel1 '(1.0 2.0 3.0) '((1.0 2.0 3.0) "a") '((1.0 2.0) "b"))
+       '(((1.0 2.0) "b")))
+(check 'rlistdel-point-point (lumo_rlistdel1 '(1.0 2.0) '(1.0 2.0)) '((1.0 2.0)))
+(check 'rlistdel-nothing-left (lumo_rlistdel1 1 '(1 "a")) nil)
+(check 'rlistdel-no-elements (lumo_rlistdel1 1) nil)
+(check 'rlistdel-plain-element (lumo_rlistdel1 1 2 '(1 2)) nil)
+(check 'rlistdel-text-element (lumo_rlistdel2 1 '(1 2) "x") nil)
+(check 'rlistdel-list-target (lumo_rlistdel1 '(1 2) '(1 2)) nil)
+(check 'rlistdel-no-args (lumo_rlistdel2) nil)
+;; entity names compare by both words
+(setq e1 (entmakex '((0 . "LINE") (10 0.0 0.0 0.0) (11 1.0 0.0 0.0))))
+(setq e2 (entmakex '((0 . "LINE") (10 0.0 0.0 0.0) (11 2.0 0.0 0.0))))
+(check 'rlistdel-ename (lumo_rlistdel1 e1 (list e1 1) (list e2 2)) (list (list e2 2)))
+(check 'rlistdel-ename-element (lumo_rlistdel1 e1 e2) nil)
+
+(check-done)
