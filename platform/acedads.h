@@ -44,6 +44,9 @@ int acedGetString(int cronly, const char* prompt, char* out);
 int acedGetInt(const char* prompt, int* out);
 int acedGetReal(const char* prompt, ads_real* out);
 int acedGetPoint(const ads_point base, const char* prompt, ads_point out);
+// An angle in radians: typed in degrees, or a point whose direction from
+// the base gives it.
+int acedGetAngle(const ads_point base, const char* prompt, ads_real* out);
 int acedGetInput(char* out);
 // Asks for one entity by a pick; the picked point comes back in `point`.
 int acedEntSel(const char* prompt, ads_name entity, ads_point point);

@@ -211,3 +211,27 @@ int acedGetReal(const char* prompt, ads_real* out) { return GetNumber(prompt, ou
 int acedGetPoint(const ads_point, const char* prompt, ads_point out) {
     return Prompt(prompt, TakePoint, out);
 }
+
+int acedGetAngle(const ads_point base, const char* prompt, ads_real* out) {
+    struct Ctx {
+        const double* base;
+        double* angle;
+    } ctx{base, out};
+    return Prompt(prompt, [](const std::string& text, void* data) {
+        auto* c = static_cast<Ctx*>(data);
+        double p[3];
+        if (c->base && ParsePoint(text, p)) {
+            *c->angle = std::atan2(p[1] - c->base[1], p[0] - c->base[0]);
+            if (*c->angle < 0) *c->angle += 2 * M_PI;
+            return true;
+        }
+        bool ok = false;
+        double degrees = Number(text, ok);
+        if (!ok) {
+            WriteOutput("Requires valid numeric angle or second point.\n");
+            return false;
+        }
+        *c->angle = degrees * M_PI / 180;
+        return true;
+    }, &ctx);
+}

@@ -20,7 +20,7 @@ ValueKind ValueKindOf(int code) {
     if (code == -4) return ValueKind::Text;
     if (code < 0) return ValueKind::None;
     if (code <= 9) return ValueKind::Text;
-    if (code <= 39) return ValueKind::Point;
+    if (code <= 37) return ValueKind::Point;   // 38 and 39, elevation and thickness, are reals
     if (code <= 59) return ValueKind::Real;
     if (code <= 79) return ValueKind::Short;
     if (code >= 90 && code <= 99) return ValueKind::Long;

@@ -88,16 +88,31 @@ void BlockBox(const AcDbBlockReference& ref, AcDbExtents& box, int depth) {
         if (s->object && !s->object->isErased()) Box(*static_cast<AcDbEntity*>(s->object), box, depth + 1);
 }
 
+// A thick curve is a wall: its box reaches along the normal by the thickness.
+void AddThick(AcDbExtents& box, const AcDbExtents& own, const AcGeVector3d& normal, double thickness) {
+    box.addExt(own);
+    if (thickness == 0 || own.isEmpty()) return;
+    AcGeVector3d up = normal * thickness;
+    box.addPoint(own.minPoint() + up);
+    box.addPoint(own.maxPoint() + up);
+}
+
 bool Box(const AcDbEntity& e, AcDbExtents& box, int depth) {
     AcDbExtents before = box;
     if (auto* l = AcDbLine::cast(&e)) {
-        box.addPoint(l->startPoint());
-        box.addPoint(l->endPoint());
+        AcDbExtents own;
+        own.addPoint(l->startPoint());
+        own.addPoint(l->endPoint());
+        AddThick(box, own, l->normal(), l->thickness());
     } else if (auto* c = AcDbCircle::cast(&e)) {
-        AddArc(box, c->normal(), static_cast<const AcDbCircle::Data*>(c->dxfBlock(1))->center, c->radius(), 0, kTwoPi);
+        AcDbExtents own;
+        AddArc(own, c->normal(), static_cast<const AcDbCircle::Data*>(c->dxfBlock(1))->center, c->radius(), 0, kTwoPi);
+        AddThick(box, own, c->normal(), c->thickness());
     } else if (auto* a = AcDbArc::cast(&e)) {
-        AddArc(box, a->normal(), static_cast<const AcDbArc::Data*>(a->dxfBlock(1))->center, a->radius(),
+        AcDbExtents own;
+        AddArc(own, a->normal(), static_cast<const AcDbArc::Data*>(a->dxfBlock(1))->center, a->radius(),
                a->startAngle(), a->endAngle());
+        AddThick(box, own, a->normal(), a->thickness());
     } else if (auto* p = AcDbPoint::cast(&e)) {
         box.addPoint(p->position());
     } else if (auto* pl = AcDbPolyline::cast(&e)) {

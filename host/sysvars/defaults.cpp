@@ -99,6 +99,7 @@ std::map<std::string, SysVarEntry>& SysVarTable() {
         add("ANGBASE", Fixed(RealVar(0)));
         add("ANGDIR", Fixed(ShortVar(0)));
         add("DIMZIN", Fixed(ShortVar(0)));
+        add("UNITMODE", Fixed(ShortVar(0)));
         add("DIMSCALE", Fixed(RealVar(1)));
         add("INSUNITS", Fixed(ShortVar(0)));
         add("PDMODE", Fixed(ShortVar(0)));

@@ -100,4 +100,10 @@
 (check 'angle-dms-carry (angtos (* (+ 10 (/ 59.0 60) (/ 59.9 3600)) (/ pi 180)) 1 4) "11d0'0\"")
 
 (setvar "DIMZIN" old-dimzin)
+
+;; UNITMODE 1 writes feet and inches as they are typed
+(setvar "UNITMODE" 1)
+(check 'unitmode-architectural (rtos 17.5 4 2) "1'5-1/2\"")
+(setvar "UNITMODE" 0)
+(check 'unitmode-back (rtos 17.5 4 2) "1'-5 1/2\"")
 (check-done)
