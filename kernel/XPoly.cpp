@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "kernel/XLine.h"
+#include "kernel/XPface.h"
+#include "kernel/XPolygonEx.h"
 #include "kernel/XPushPrec.h"
 #include "kernel/point_position.h"
 #include "platform/acutads.h"
@@ -112,4 +114,9 @@ resbuf* XPoly::ResbufList(int close) const {
 }
 
 // Triangulation belongs to the face classes; without them there is no face.
-int XPoly::CreatePface(const char*) { return RTERROR; }
+int XPoly::CreatePface(const char* layer) {
+    XPolygonEx polygon(*this);
+    XTrianglePface triangles;
+    if (polygon.Trianglize(triangles, 1) != RTNORM || triangles.Count() == 0) return RTERROR;
+    return triangles.MakePolyface(layer);
+}

@@ -56,6 +56,11 @@ public:
     int HasArcSegment() const;
     int IsSelfIntersect() const;
     int Reverse();   // in place: RTERROR below 2 nodes
+    // Offsets by intersecting the neighbouring offset segments, or quickly
+    // along the bisectors; compression merges what continues straight on.
+    int Offset(double d, XPoly2D& out) const;
+    int QuickOffset(double d, XPoly2D& out) const;
+    int Compress();
 
     // Flattening: n chords per whole circle, or the chord count that keeps the
     // sagitta at dev.

@@ -211,3 +211,7 @@ int CompressPoly2D(XPoly2D& p) {
     p = r;
     return RTNORM;
 }
+
+int XPoly2D::Offset(double d, XPoly2D& out) const { return OffsetPoly2D(*this, d, out); }
+int XPoly2D::QuickOffset(double d, XPoly2D& out) const { return QuickOffsetPoly2D(*this, d, out); }
+int XPoly2D::Compress() { return CompressPoly2D(*this); }

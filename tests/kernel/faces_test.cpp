@@ -1,9 +1,12 @@
 // Spatial faces, split triangles, polyface meshes and their entities.
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "host/db/session.h"
 #include "kernel/X3DFace.h"
 #include "kernel/XPface.h"
+#include "kernel/XPoly.h"
 #include "kernel/XPolygonEx.h"
 #include "platform/acdbads.h"
 #include "platform/acutads.h"
@@ -147,4 +150,28 @@ TEST(ConstructPolyFaceData, FacesShareVerticesAndKeepHiddenEdges) {
     delete mesh;
     AcArray<void*> none;
     EXPECT_EQ(ConstructPolyFace(none), nullptr);
+}
+
+TEST(PolygonPface, ASquareBecomesAPolyfaceOfTwoTriangles) {
+    lumo::db::CloseSessionDatabase();
+    XPoly square;
+    for (const XPoint& p : {XPoint(0, 0, 0), XPoint(10, 0, 0), XPoint(10, 10, 0), XPoint(0, 10, 0)}) square.AppendPoint(p);
+    ASSERT_EQ(square.CreatePface(nullptr), RTNORM);
+    ads_name mesh, e;
+    ASSERT_EQ(acdbEntNext(nullptr, mesh), RTNORM);
+    resbuf* head = acdbEntGet(mesh);
+    int flags = 0, faces = 0;
+    for (const resbuf* rb = head; rb; rb = rb->rbnext)
+        if (rb->restype == 70) flags = rb->resval.rint;
+    acutRelRb(head);
+    EXPECT_TRUE(flags & 64);   // a polyface mesh
+    std::memcpy(e, mesh, sizeof e);
+    while (acdbEntNext(e, e) == RTNORM) {
+        resbuf* v = acdbEntGet(e);
+        for (const resbuf* rb = v; rb; rb = rb->rbnext)
+            if (rb->restype == 70 && (rb->resval.rint & 128) && !(rb->resval.rint & 64)) ++faces;
+        acutRelRb(v);
+    }
+    EXPECT_EQ(faces, 2);
+    lumo::db::CloseSessionDatabase();
 }
