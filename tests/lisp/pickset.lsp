@@ -59,6 +59,13 @@
 (c:pp)
 (check 'pp-saves-new-entities (list (sslength (c:p1)) (ssname (c:p1) 0)) (list 1 g))
 
+;;; Ctrl-U at the command line saves the current selection as a link
+(lumo_savssnum 5)
+(sssetfirst nil (ssadd b))
+(lumo-host:message 258 21)
+(lumo-host:run-typed)
+(check 'ctrl-u-saves-the-selection (ssname (c:p1) 0) b)
+
 ;;; sets made and dropped in a loop never run out
 (setq i 0)
 (repeat 500 (if (lumo_PickSet_Union onA onB) (setq i (1+ i))))
