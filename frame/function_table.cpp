@@ -2,10 +2,12 @@
 // one-line banner; the order of the plain rows fixes their function codes.
 #include "frame/function_table.h"
 
+#include "database/entity_lisp.h"
 #include "database/pickset_lisp.h"
 #include "frame/directory_lisp.h"
 #include "frame/frame_lisp.h"
 #include "frame/numlist_lisp.h"
+#include "frame/stacks_lisp.h"
 #include "frame/strings_lisp.h"
 #include "frame/system_lisp.h"
 
@@ -103,6 +105,31 @@ const LispFunctionEntry gLispFunctions[] = {
     {"C:P8", C_P8},
     {"C:P9", C_P9},
     {"c:pp", c_pp},
+
+    // ---- the current entity
+    {"lumo_setenttodb", lumo_setenttodb},
+    {"lumo_getentdxf", lumo_getentdxf},
+    {"lumo_setsstodb", lumo_setsstodb},
+    {"lumo_getentdata", lumo_getentdata},
+    {"lumo_getpolyvtx", lumo_getpolyvtx},
+    {"lumo_nextent", lumo_getpolyvtx},
+    {"lumo_modent", lumo_modent},
+    {"lumo_entdbsinit", lumo_entdbsinit},
+
+    // ---- value stacks
+    {"lumo_objectstack_push", lumo_objectstack_push},
+    {"lumo_objectstack_pop", lumo_objectstack_pop},
+    {"lumo_objectstack_top", lumo_objectstack_top},
+    {"lumo_objectstack_depth", lumo_objectstack_depth},
+    {"lumo_objectstack_popall", lumo_objectstack_popall},
+    {"lumo_container_push", lumo_container_push},
+    {"lumo_container_pop", lumo_container_pop},
+    {"lumo_container_iter", lumo_container_iter},
+    {"lumo_container_Depth", lumo_container_Depth},
+    {"lumo_container_PopAll", lumo_container_PopAll},
+    {"lumo_object_iscontainer", lumo_object_iscontainer},
+    {"lumo_sysvar_push", lumo_sysvar_push},
+    {"lumo_sysvar_pop", lumo_sysvar_pop},
 };
 
 const int gLispFunctionCount = sizeof gLispFunctions / sizeof gLispFunctions[0];
