@@ -1,5 +1,6 @@
 // The module's entry: process attach, the application messages and the
 // order of things at load and unload.
+#include "database/entity_lisp.h"
 #include "database/selection_links.h"
 #include "database/selection_mark.h"
 #include "frame/InitKmv.h"
@@ -46,6 +47,7 @@ void OnInitApp(void* packet) {
 // next drawing loads, until c:lumo_hotkey does.
 void OnUnloadDrawing() {
     ReleaseLayerDefsHead();
+    ReleaseCurrentEntityList();
     RemoveKeyFilter();
 }
 
