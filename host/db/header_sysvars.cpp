@@ -62,6 +62,9 @@ bool ColorNumber(const std::string& s, int& c) {
 }
 
 SysVarValue Get(const HeaderVarDef& d, const SysVarValue& fallback) {
+    // The extents follow the drawing: read, they are brought up to date.
+    if (d.code == 10 && (SameName(d.name, "EXTMIN") || SameName(d.name, "EXTMAX")))
+        acdbHostApplicationServices()->workingDatabase()->updateExt(true);
     const HeaderVar* var = Drawing().FindVar(std::string("$") + d.name);
     if (!var || var->tags.empty()) return fallback;
     const OwnedTag& t = var->tags.front();

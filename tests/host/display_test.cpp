@@ -54,6 +54,7 @@ TEST_F(Display, ZoomWindowPreviousAndScale) {
 
 TEST_F(Display, ZoomExtentsFitsTheDrawingAndKeepsExtentsCurrent) {
     Line(-100, -50, 300, -50);
+    EXPECT_EQ(Show("(getvar \"EXTMAX\")"), "(300.0 -50.0 0.0)");   // current without a regeneration
     Line(300, -50, 300, 250);
     Zoom({"E"});
     EXPECT_EQ(Show("(getvar \"EXTMIN\")"), "(-100.0 -50.0 0.0)");
