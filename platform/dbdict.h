@@ -12,6 +12,10 @@ enum DictIterType { kDictCollated = 0, kDictSorted = 1 };
 
 class AcDbDictionaryIterator;
 
+namespace lumo::db {
+struct OwnedTag;
+}
+
 // Keys compare without regard to case. Entries are owned by the dictionary
 // (hard or soft as the flag says).
 class AcDbDictionary : public AcDbObject {
@@ -42,6 +46,7 @@ public:
     struct Entry {
         std::string key;
         AcDbStub* id;
+        int16_t code = 0;   // 350 or 360 as a file gave it; 0 follows the flag
     };
     std::vector<Entry>& entries() { return m_entries; }
     const std::vector<Entry>& entries() const { return m_entries; }

@@ -421,10 +421,16 @@ AcDbStub* After(AcDbStub* s) {
 
 }  // namespace
 
-int acdbEntNext(const ads_name ent, ads_name result) {
+int acdbEntNext(const ads_name given, ads_name result) {
+    // Callers walk with one name for both (entnext(e, e)): read it first.
+    ads_name ent = {0, 0};
+    if (given) {
+        ent[0] = given[0];
+        ent[1] = given[1];
+    }
     result[0] = result[1] = 0;
     AcDbStub* next = nullptr;
-    if (!ent || (ent[0] == 0 && ent[1] == 0)) {
+    if (ent[0] == 0 && ent[1] == 0) {
         next = NextInList(WorkingDb()->impl().entities, 0);
     } else {
         AcDbStub* s = StubFromName(ent);

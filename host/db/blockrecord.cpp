@@ -226,7 +226,14 @@ void WriteBeginName(const AcDbObject& obj, int, int code, TagSink& out) {
     const auto& d = static_cast<const AcDbBlockBegin&>(obj).data();
     AcDbStub* owner = obj.ownerId();
     auto* block = owner && owner->object ? AcDbBlockTableRecord::cast(owner->object) : nullptr;
-    out.Text(code, block ? std::string_view(block->name()) : std::string_view(code == 2 ? d.name : d.name2));
+    const std::string& given = code == 2 ? d.name : d.name2;
+    if (block && out.flavor() == Flavor::Dxf12 && block->isLayout() && !block->name().empty() &&
+        block->name().front() == '*') {
+        // R12 names its spaces with a dollar: "*" would make them anonymous.
+        out.Text(code, !given.empty() && given.front() == '$' ? given : "$" + block->name().substr(1));
+        return;
+    }
+    out.Text(code, block ? std::string_view(block->name()) : std::string_view(given));
 }
 
 constexpr CustomIO kBeginIO{ReadBeginName, WriteBeginName, nullptr};

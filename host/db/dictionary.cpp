@@ -17,9 +17,11 @@ bool ReadEntry(AcDbObject& obj, int, TagCursor& in, ReadContext& ctx) {
     const Tag& key = in.Next();
     if (key.kind != ValueKind::Text) return false;
     AcDbStub* id = nullptr;
+    int16_t code = 0;
     if (!in.Done() && (in.Peek().code == 350 || in.Peek().code == 360)) {
         const Tag& ref = in.Next();
         id = ref.ref;
+        code = ref.code;
         if (ref.code == 360) static_cast<AcDbDictionary&>(obj).setTreatElementsAsHard(true);
     }
     if (!id) {
@@ -27,7 +29,7 @@ bool ReadEntry(AcDbObject& obj, int, TagCursor& in, ReadContext& ctx) {
         ctx.error = "dictionary entry without an object";
         return false;
     }
-    static_cast<AcDbDictionary&>(obj).entries().push_back({std::string(key.s), id});
+    static_cast<AcDbDictionary&>(obj).entries().push_back({std::string(key.s), id, code});
     return true;
 }
 
@@ -38,7 +40,7 @@ void WriteEntries(const AcDbObject& obj, int, int, TagSink& out) {
     for (const auto& e : dict.entries()) {
         if (file && (!e.id->object || e.id->object->isErased())) continue;
         out.Text(3, e.key);
-        out.Ref(code, e.id);
+        out.Ref(e.code ? e.code : code, e.id);
     }
 }
 

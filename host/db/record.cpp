@@ -9,6 +9,7 @@
 #include "host/db/record.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -274,8 +275,9 @@ double DegreesFromRadians(double radians) {
     double d = radians * kDegreesPerRadian;
     for (int digits = 15; digits <= 17; ++digits) {
         char buf[40];
-        std::snprintf(buf, sizeof buf, "%.*g", digits, d);
-        double shorter = std::strtod(buf, nullptr);
+        auto end = std::to_chars(buf, buf + sizeof buf, d, std::chars_format::general, digits).ptr;
+        double shorter = 0;
+        std::from_chars(buf, end, shorter);
         if (RadiansFromDegrees(shorter) == radians) return shorter;
     }
     return d;
@@ -447,9 +449,14 @@ void WriteValue(const AcDbObject& obj, const Field& f, TagSink& out) {
     case Kind::StyleName:
     case Kind::DimStyleName:
     case Kind::BlockName: {
-        const auto* id = reinterpret_cast<const AcDbObjectId*>(base);
-        const std::string& name = AcDbDatabase::Impl::RecordName(*id);
-        out.Text(f.code, id->isNull() || name.empty() ? std::string_view(f.text ? f.text : "") : name);
+        AcDbObjectId id = *reinterpret_cast<const AcDbObjectId*>(base);
+        std::string_view fallback = f.text ? f.text : "";
+        // An absent name means the default record: give its name as the
+        // drawing spells it ("Standard", not "STANDARD").
+        if (id.isNull() && !fallback.empty() && obj.database() && f.kind != Kind::LayerName)
+            id = obj.database()->impl().FindRecord(TableOfKind(f.kind), fallback);
+        const std::string& name = AcDbDatabase::Impl::RecordName(id);
+        out.Text(f.code, id.isNull() || name.empty() ? fallback : std::string_view(name));
         break;
     }
     case Kind::Layout: out.Text(f.code, LayoutName(obj)); break;
@@ -482,7 +489,11 @@ public:
                          [](const OwnedTag* a, const OwnedTag* b) { return a->anchor < b->anchor; });
     }
     void Flush(int pos) {
-        while (m_next < m_tags.size() && m_tags[m_next]->anchor <= pos) m_out.Put(m_tags[m_next++]->view());
+        // R12 has no subclass markers: a kept record of a later file goes
+        // without them.
+        bool markers = m_out.flavor() != Flavor::Dxf12;
+        for (; m_next < m_tags.size() && m_tags[m_next]->anchor <= pos; ++m_next)
+            if (markers || m_tags[m_next]->code != 100) m_out.Put(m_tags[m_next]->view());
     }
     void FlushAll() { Flush(0x10000); }
 private:
@@ -506,8 +517,11 @@ bool AppWanted(std::string_view name, const char* const* apps, int count) {
 
 void WriteHeader(const AcDbObject& obj, const Record& rec, TagSink& out) {
     Flavor fl = out.flavor();
-    char hex[20];
-    std::snprintf(hex, sizeof hex, "%llX", static_cast<unsigned long long>(obj.stub() ? obj.stub()->handle : 0));
+    char digits[20];
+    char* end = std::to_chars(digits, digits + sizeof digits, obj.stub() ? obj.stub()->handle : 0, 16).ptr;
+    for (char* p = digits; p < end; ++p)
+        if (*p >= 'a' && *p <= 'f') *p = static_cast<char>(*p - 'a' + 'A');
+    std::string_view hex(digits, static_cast<size_t>(end - digits));
     const ObjectExtras* ex = obj.extras();
     auto groups = [&] {
         if (!ex) return;
@@ -542,6 +556,7 @@ void WriteHeader(const AcDbObject& obj, const Record& rec, TagSink& out) {
         out.Text(0, DxfNameOf(obj, fl));
         if (auto* table = AcDbSymbolTable::cast(&obj)) out.Text(2, TableDxfName(table->kind()));
         if (AcDbEntity::cast(&obj)) out.Text(5, hex);
+        else if (AcDbSymbolTableRecord::cast(&obj)) out.Text(rec.handleCode, hex);
         break;
     case Flavor::Table:
         out.Text(0, DxfNameOf(obj, fl));

@@ -3,31 +3,16 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <sstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "host/db/database_impl.h"
 #include "host/db/session.h"
+#include "host/dxf/file_text.h"
 #include "host/dxf/reader.h"
 #include "host/dxf/writer.h"
 
 namespace lumo::db {
-
-bool Slurp(const std::string& path, std::string& text, std::string& error) {
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) {
-        error = path + ": " + std::strerror(errno);
-        return false;
-    }
-    char buf[1 << 16];
-    size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-    bool ok = !std::ferror(f);
-    std::fclose(f);
-    if (!ok) error = path + ": read error";
-    return ok;
-}
 
 namespace {
 
@@ -40,6 +25,10 @@ bool SaveTo(AcDbDatabase& db, const std::string& path, DxfVersion version, std::
         error = path + ": " + std::strerror(errno);
         return false;
     }
+    // mkstemp makes the file private; a saved drawing gets the usual mode.
+    mode_t mask = umask(0);
+    umask(mask);
+    (void)fchmod(fd, 0666 & ~mask);
     std::FILE* f = fdopen(fd, "wb");
     if (!f) {
         error = path + ": " + std::strerror(errno);
@@ -66,10 +55,10 @@ bool SaveTo(AcDbDatabase& db, const std::string& path, DxfVersion version, std::
 }  // namespace
 
 bool OpenDrawing(const std::string& path, std::string& error) {
-    std::string text;
-    if (!Slurp(path, text, error)) return false;
+    dxf::FileText file;
+    if (!file.Open(path, error)) return false;
     auto* db = new AcDbDatabase(false);
-    if (!dxf::ReadDxf(text, path, *db, error)) {
+    if (!dxf::ReadDxf(file.View(), path, *db, error, [&file](size_t at) { file.Release(at); })) {
         delete db;
         return false;
     }
@@ -90,9 +79,11 @@ bool SaveDatabase(AcDbDatabase& db, const std::string& path, std::string& error,
 Acad::ErrorStatus AcDbDatabase::readDxfFile(const char* fileName) {
     if (!fileName) return Acad::eInvalidInput;
     if (m_impl->handles.Size() != 0) return Acad::eInvalidInput;   // only into a database made empty
-    std::string text, error;
-    if (!lumo::db::Slurp(fileName, text, error)) return Acad::eFileNotFound;
-    if (lumo::dxf::ReadDxf(text, fileName, *this, error)) return Acad::eOk;
+    std::string error;
+    lumo::dxf::FileText file;
+    if (!file.Open(fileName, error)) return Acad::eFileNotFound;
+    if (lumo::dxf::ReadDxf(file.View(), fileName, *this, error, [&file](size_t at) { file.Release(at); }))
+        return Acad::eOk;
     m_impl->handles.ForEach([](AcDbStub* s) {
         delete s->object;
         s->object = nullptr;

@@ -26,9 +26,11 @@ using namespace lumo::db;
 
 class Reader {
 public:
-    Reader(std::string_view text, const std::string& file, AcDbDatabase& db)
+    Reader(std::string_view text, const std::string& file, AcDbDatabase& db,
+           const std::function<void(size_t)>& consumed)
         : m_scan(text, file, &db), m_impl(db.impl()) {
         m_impl.provisional = &m_provisional;
+        m_scan.OnConsumed(consumed);
     }
     ~Reader() { m_impl.provisional = nullptr; }
     void Run();
@@ -322,9 +324,10 @@ void Reader::Objects() {
 
 }  // namespace
 
-bool ReadDxf(std::string_view text, const std::string& fileName, AcDbDatabase& db, std::string& error) {
+bool ReadDxf(std::string_view text, const std::string& fileName, AcDbDatabase& db, std::string& error,
+             const std::function<void(size_t)>& consumed) {
     try {
-        Reader reader(text, fileName, db);
+        Reader reader(text, fileName, db, consumed);
         reader.Run();
         db.impl().fileName = fileName;
         return true;

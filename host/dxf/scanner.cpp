@@ -26,6 +26,12 @@ std::string_view Scanner::NextLine() {
     if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
     m_pos = end < m_text.size() ? end + 1 : end;
     ++m_line;
+    if (m_pos >= m_nextConsumed) {
+        // A record's groups lie well within the margin.
+        constexpr size_t kStep = 8 << 20, kMargin = 1 << 20;
+        if (m_consumed && m_pos > kMargin) m_consumed(m_pos - kMargin);
+        m_nextConsumed = m_pos + kStep;
+    }
     return line;
 }
 

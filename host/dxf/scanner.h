@@ -2,6 +2,7 @@
 // into typed tags. Values are views into the file's text.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -28,6 +29,9 @@ public:
     // The tag that Next would give, without taking it; false at the end.
     bool Peek(db::Tag& tag);
     uint32_t Line() const { return m_line; }
+    // Called now and then with an offset the scanner has gone well past, so
+    // that the memory of the text before it can be given back.
+    void OnConsumed(std::function<void(size_t)> consumed) { m_consumed = std::move(consumed); }
     [[noreturn]] void Fail(uint32_t line, const std::string& what) const;
 
 private:
@@ -44,6 +48,8 @@ private:
 
     std::string_view m_text;
     size_t m_pos = 0;
+    size_t m_nextConsumed = 0;
+    std::function<void(size_t)> m_consumed;
     uint32_t m_line = 0;
     std::string m_file;
     AcDbDatabase* m_db;

@@ -209,7 +209,6 @@ void Writer::Blocks() {
         if (!Live(b)) continue;
         auto* block = static_cast<AcDbBlockTableRecord*>(b->object);
         bool space = m_impl.IsSpace(b);
-        if (m_r12 && space) continue;   // R12 keeps its spaces in ENTITIES alone
         if (!Live(block->blockBegin()) || !Live(block->blockEnd())) continue;
         WriteRecord(*block->blockBegin()->object, m_out);
         if (!space)

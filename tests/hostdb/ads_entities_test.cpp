@@ -342,3 +342,16 @@ TEST_F(AdsEntities, ObjectsMadeWithEntmakexWaitForADictionary) {
     ASSERT_EQ(acdbDictRemove(dict, "OURDATA"), RTNORM);
     EXPECT_EQ(acdbDictSearch(dict, "OURDATA", 0), nullptr);
 }
+
+namespace {
+
+TEST_F(AdsEntities, EntnextWalksWithOneNameForBoth) {
+    for (int k = 0; k < 3; ++k) ASSERT_EQ(MakeLine(), RTNORM);
+    ads_name e;
+    int count = 0;
+    for (int rc = acdbEntNext(nullptr, e); rc == RTNORM && count < 10; rc = acdbEntNext(e, e)) ++count;
+    EXPECT_EQ(count, 3);
+    EXPECT_EQ(e[0], 0);   // past the last: the name is cleared
+}
+
+}  // namespace

@@ -24,12 +24,6 @@ std::string ErrorOf(const std::string& text) {
     return error;
 }
 
-std::string TempPath(const char* name) { return ::testing::TempDir() + name; }
-
-void WriteFile(const std::string& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
-}
-
 }  // namespace
 
 TEST(DxfErrors, MissingEofIsReported) {

@@ -2,10 +2,14 @@
 // and files' groups as plain pairs to compare.
 #pragma once
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "host/db/session.h"
 #include "host/dxf/reader.h"
@@ -72,6 +76,18 @@ inline std::string Lines(std::initializer_list<const char*> lines) {
         s += '\n';
     }
     return s;
+}
+
+// A path in the test's temporary folder.
+inline std::string TempPath(const std::string& name) { return ::testing::TempDir() + name; }
+
+inline void WriteFile(const std::string& path, const std::string& text) {
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
 
 }  // namespace hostdb
