@@ -3,7 +3,7 @@
 set -euo pipefail
 need=()
 have() { dpkg-query -W -f='${Status}' "$1" 2>/dev/null | grep -q 'install ok installed'; }
-for pkg in cmake g++ make libgtest-dev libgmock-dev libbenchmark-dev libreadline-dev libpng-dev; do
+for pkg in cmake g++ make libgtest-dev libgmock-dev libbenchmark-dev libreadline-dev libpng-dev python3-ezdxf; do
   have "$pkg" || need+=("$pkg")
 done
 if [ ${#need[@]} -gt 0 ]; then

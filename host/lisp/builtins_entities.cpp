@@ -33,7 +33,7 @@ const int32_t* EnameArg(const Ref& v) {
 // Whether a value can stand as the value of a group: the host raises
 // "bad DXF group" for one that can't.
 bool GroupFits(int code, const Ref& value) {
-    ValueKind kind = (code == 38 || code == 39) ? ValueKind::Real : host::ValueKindOf(code);
+    ValueKind kind = host::ValueKindOf(code);
     switch (kind) {
     case ValueKind::Text: return value.Is(Type::Str);
     case ValueKind::Real: return IsNumber(value);
@@ -74,27 +74,12 @@ resbuf* ListChain(const Ref& list) {
     ListArg(list);
     if (!list) return nullptr;
     CheckGroups(list);
-    // Elevation and thickness are reals; while the shared code table files
-    // them under points, they go in as a point whose x shares the real's place.
-    Ref groups = list;
-    if (host::ValueKindOf(39) == ValueKind::Point) {
-        ListBuilder fixed;
-        for (const Ref& item : ToVector(list)) {
-            int code = Car(item).As<Int>().v;
-            if (code == 38 || code == 39)
-                fixed.Add(MakeCons(Car(item), ListOf({MakeReal(NumberOf(Cdr(item))), MakeReal(0), MakeReal(0)})));
-            else
-                fixed.Add(item);
-        }
-        groups = fixed.Take();
-    }
     resbuf* rb = nullptr;
-    if (!ToEntityChain(groups, &rb)) Fail("bad DXF group: " + ToString(list, true));
+    if (!ToEntityChain(list, &rb)) Fail("bad DXF group: " + ToString(list, true));
     return rb;
 }
 
-// entget's list as LISP shows it: elevation and thickness as reals, and the
-// vertices of an LWPOLYLINE as 2D points.
+// entget's list as LISP shows it: the vertices of an LWPOLYLINE as 2D points.
 Ref EntityValue(const resbuf* chain) {
     bool lw = chain && chain->rbnext && chain->rbnext->restype == 0 && chain->rbnext->resval.rstring &&
               std::strcmp(chain->rbnext->resval.rstring, "LWPOLYLINE") == 0;
@@ -104,9 +89,7 @@ Ref EntityValue(const resbuf* chain) {
     for (const Ref* p = &list; p->Is(Type::List); p = &p->As<Cons>().cdr, node = node ? node->rbnext : nullptr) {
         const Ref& item = p->As<Cons>().car;
         int code = Car(item).Is(Type::Int) ? Car(item).As<Int>().v : 0;
-        if (node && (code == 38 || code == 39)) {
-            out.Add(MakeCons(Car(item), MakeReal(node->resval.rreal)));
-        } else if (lw && code == 10 && node) {
+        if (lw && code == 10 && node) {
             out.Add(MakeCons(Car(item), MakePoint(node->resval.rpoint, false)));
         } else {
             out.Add(item);
