@@ -10,6 +10,7 @@
 #include "host/ads/transform.h"
 #include "platform/acdbads.h"
 #include "platform/acutads.h"
+#include "platform/dbents.h"
 #include "platform/dbextents.h"
 #include "platform/dbmain.h"
 
@@ -197,6 +198,40 @@ bool AnyEdgeCrosses(const std::vector<PlanPath>& paths, const PlanPath& other, b
     return false;
 }
 
+// A block reference looks like its block's entities where it stands.
+bool InsertPaths(const ads_name ent, const resbuf* list, std::vector<PlanPath>& out) {
+    static int depth = 0;   // blocks inside blocks, as deep as drawings sensibly go
+    const resbuf* name = Find(list, 2);
+    if (!name || depth > 16) return false;
+    AcDbObjectId id;
+    AcDbBlockReference* ref = nullptr;
+    if (acdbGetObjectId(id, ent) != Acad::eOk || acdbOpenObject(ref, id, AcDb::kForRead) != Acad::eOk) return false;
+    AcGeMatrix3d m = ref->blockTransform();
+    ref->close();
+    resbuf* block = acdbTblSearch("BLOCK", name->resval.rstring, 0);
+    const resbuf* first = Find(block, -2);
+    ads_name current = {0, 0}, next;
+    if (first) std::memcpy(current, first->resval.rlname, sizeof current);
+    acutRelRb(block);
+    if (!first) return false;
+    ++depth;
+    for (;;) {
+        std::vector<PlanPath> inner;
+        EntityPlanPaths(current, inner);
+        for (PlanPath& path : inner) {
+            for (PlanPoint& p : path) {
+                AcGePoint3d q = m * AcGePoint3d(p.x, p.y, 0);
+                p = {q.x, q.y};
+            }
+            out.push_back(std::move(path));
+        }
+        if (acdbEntNext(current, next) != RTNORM) break;   // the block's last entity
+        std::memcpy(current, next, sizeof current);
+    }
+    --depth;
+    return !out.empty();
+}
+
 }  // namespace
 
 bool EntityPlanPaths(const ads_name ent, std::vector<PlanPath>& out) {
@@ -236,6 +271,7 @@ bool EntityPlanPaths(const ads_name ent, std::vector<PlanPath>& out) {
         }
         if (!path.empty()) path.push_back(path.front());
         out.push_back(std::move(path));
+    } else if (kind == "INSERT" && InsertPaths(ent, list, out)) {
     } else {
         ExtentsBox(ent, out);
     }

@@ -56,6 +56,16 @@
 (check 'type (type walls) 'PICKSET)
 (check-error 'bad-set '(sslength "a") "bad argument type: lselsetp \"a\"")
 
+;;; a block reference is selected by its block's entities where it stands
+(entmake '((0 . "BLOCK") (2 . "SWING") (70 . 0) (10 0.0 0.0 0.0)))
+(entmake '((0 . "LINE") (10 0.0 0.0 0.0) (11 0.0 9.0 0.0)))
+(entmake '((0 . "ARC") (10 0.0 0.0 0.0) (40 . 9.0) (50 . 0.0) (51 . 1.5708)))
+(entmake '((0 . "ENDBLK")))
+(entmake '((0 . "INSERT") (2 . "SWING") (10 100.0 0.0 0.0) (50 . 1.5708)))
+(setq swing (entlast))
+(check 'insert-by-its-line (ssname (ssget "C" '(95.0 -1.0) '(96.0 1.0)) 0) swing)
+(check 'insert-not-by-its-empty-corner (ssget "C" '(92.0 7.0) '(92.5 7.5)) nil)
+
 ;;; sets that are dropped go away: thousands in a loop never run out
 (setq i 0)
 (repeat 2000 (if (ssget "X") (setq i (1+ i))))
