@@ -11,12 +11,17 @@
 // blocked. Vertices keep their order in the list, so "the first vertex of a
 // scan" is the lowest id among the marked ones, and the triangles come out
 // exactly as the plain method gives them.
+//
+// A diagonal is blocked by any edge that crosses it, so which one is found
+// does not matter: on larger polygons the edges are filed in a grid and a
+// diagonal asks only those that pass near it.
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <vector>
 
+#include "kernel/SegmentGrid.h"
 #include "kernel/XLine.h"
 #include "kernel/XPolygonEx.h"
 #include "kernel/XPushPrec.h"
@@ -27,6 +32,8 @@ namespace {
 constexpr double kPi = std::numbers::pi;
 // A corner above this is reflex; below it, convex.
 constexpr double kReflex = 3.141591653589793;
+// Below this many vertices a diagonal asks every edge.
+constexpr int kGridFrom = 16;
 
 // A set of ids 0 .. n-1 with ordered search both ways: a bit per id and a
 // bit per word of ids.
@@ -113,6 +120,7 @@ public:
         m_block.assign(n, Block{});
         m_blocked.resize(n);
         for (IdSet* s : {&m_coincident, &m_corner, &m_forward, &m_backward}) s->Init(n);
+        if (n >= kGridFrom) FileEdges();
     }
 
     int Run(DList<XTriangle>& out) {
@@ -136,6 +144,29 @@ private:
         int u = -1, v = -1;            // the crossing edge (u, v)
         int prev = -1, a = -1, b = -1;  // the window it was found for
     };
+
+    // Only finite coordinates have a cell, and only they keep a crossing
+    // near both lines; with any other every edge is asked.
+    void FileEdges() {
+        double x0 = m_pt[0].x, x1 = x0, y0 = m_pt[0].y, y1 = y0;
+        for (const XPoint& p : m_pt) {
+            if (!std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z)) return;
+            x0 = std::fmin(x0, p.x);
+            x1 = std::fmax(x1, p.x);
+            y0 = std::fmin(y0, p.y);
+            y1 = std::fmax(y1, p.y);
+        }
+        int n = static_cast<int>(m_pt.size());
+        if (!m_grid.Init(x0, y0, x1, y1, n, n)) return;
+        for (int i = 0; i < n; ++i) FileEdge(i);
+    }
+
+    // The edge from u, tagged with its end: once that end is gone the
+    // entry is stale, and the end never comes back.
+    void FileEdge(int u) {
+        int v = m_next[u];
+        m_grid.Insert(u, v, m_pt[u].x, m_pt[u].y, m_pt[v].x, m_pt[v].y);
+    }
 
     void SetAngle(int i) {
         double a = CornerAngle(m_pt[m_prev[i]], m_pt[i], m_pt[m_next[i]]);
@@ -170,6 +201,7 @@ private:
         m_next[p] = q;
         m_prev[q] = p;
         m_alive[x] = 0;
+        if (m_grid.Ready()) FileEdge(p);
         if (m_angle[x] > kReflex) --m_reflex;
         m_angle[x] = 0.0;
         --m_count;
@@ -225,18 +257,32 @@ private:
         double x0 = std::fmin(A.x, B.x) - slack, x1 = std::fmax(A.x, B.x) + slack;
         double y0 = std::fmin(A.y, B.y) - slack, y1 = std::fmax(A.y, B.y) + slack;
         XLine diagonal(A, B, 1);
-        int stop = m_prev[j];
-        for (int u = m_next[k]; u != stop; u = m_next[u]) {
+        auto blocks = [&](int u) {
             const XPoint &C = m_pt[u], &D = m_pt[m_next[u]];
             if ((C.x < x0 && D.x < x0) || (C.x > x1 && D.x > x1) || (C.y < y0 && D.y < y0) ||
                 (C.y > y1 && D.y > y1))
-                continue;
-            if (!Crosses(diagonal, C, D)) continue;
+                return false;
+            if (!Crosses(diagonal, C, D)) return false;
             blk = Block{u, m_next[u], m_prev[j], m_next[j], k};
             m_blocked[u].push_back(j);
-            return false;
+            return true;
+        };
+        int stop = m_prev[j];
+        if (!m_grid.Ready()) {
+            for (int u = m_next[k]; u != stop; u = m_next[u])
+                if (blocks(u)) return false;
+            return true;
         }
-        return true;
+        // The four edges at the diagonal's ends are not asked. A crossing
+        // lies within _distSnap of both lines, so the edge passes within
+        // twice that of the diagonal.
+        int m = m_next[j];
+        bool blocked = m_grid.Visit(A.x, A.y, B.x, B.y, 3.0 * _distSnap, [&](int u, int tag) {
+            if (!m_alive[u] || m_next[u] != tag) return SegmentGrid::kDrop;
+            if (u == stop || u == j || u == m || u == k) return SegmentGrid::kKeep;
+            return blocks(u) ? SegmentGrid::kStop : SegmentGrid::kKeep;
+        });
+        return !blocked;
     }
 
     static bool Crosses(const XLine& diagonal, const XPoint& c, const XPoint& d) {
@@ -313,6 +359,7 @@ private:
     std::vector<Block> m_block;
     std::vector<std::vector<int>> m_blocked;   // by edge start: the diagonals it blocks
     IdSet m_coincident, m_corner, m_forward, m_backward;
+    SegmentGrid m_grid;
     int m_count = 0, m_head = 0, m_reflex = 0;
 };
 }  // namespace

@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <random>
 #include <set>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -108,16 +110,68 @@ double RingArea(const std::vector<XPoint>& pts) {
     return std::fabs(s) / 2.0;
 }
 
+// Equal, or both not a number.
+bool Same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
 bool SameTriangles(const DList<XTriangle>& a, const DList<XTriangle>& b) {
     if (a.Count() != b.Count()) return false;
     auto ia = a.begin();
     for (const XTriangle& t : b) {
         if (ia->flags != t.flags) return false;
         for (int k = 0; k < 3; ++k)
-            if (ia->pt[k].x != t.pt[k].x || ia->pt[k].y != t.pt[k].y || ia->pt[k].z != t.pt[k].z) return false;
+            if (!Same(ia->pt[k].x, t.pt[k].x) || !Same(ia->pt[k].y, t.pt[k].y) || !Same(ia->pt[k].z, t.pt[k].z))
+                return false;
         ++ia;
     }
     return true;
+}
+
+// A comb of `teeth` deep notches over a base, counter-clockwise, with
+// jittered widths and depths, teeth leaning by `lean`, then turned by `turn`
+// and scaled, so the grid of edges sees thin, long and slanted cells.
+std::vector<XPoint> Comb(std::mt19937& rng, int teeth, double lean, double turn, double scale) {
+    std::uniform_real_distribution<double> jitter(-0.05, 0.05), depth(60.0, 100.0);
+    std::vector<XPoint> pts;
+    pts.emplace_back(0.0, -10.0, 0.0);
+    pts.emplace_back(2.0 * teeth, -10.0, 0.0);
+    for (int t = teeth - 1; t >= 0; --t) {
+        double x = 2.0 * t, d = depth(rng);
+        pts.emplace_back(x + 1.6 + jitter(rng) + lean * d, d + 0.3, 0.0);
+        pts.emplace_back(x + 0.4 + jitter(rng) + lean * d, d + 0.1, 0.0);
+        pts.emplace_back(x + 0.3 + jitter(rng), 0.2 + jitter(rng), 0.0);
+        pts.emplace_back(x - 0.3 + jitter(rng), 0.1 + jitter(rng), 0.0);
+    }
+    double c = std::cos(turn), sn = std::sin(turn);
+    for (XPoint& p : pts) p = XPoint(scale * (c * p.x - sn * p.y), scale * (sn * p.x + c * p.y), 0.0);
+    return pts;
+}
+
+// A star-shaped ring of n vertices at jittered, evenly spread angles, with
+// no care for straight corners.
+std::vector<XPoint> JitteredRing(std::mt19937& rng, int n) {
+    std::uniform_real_distribution<double> jitter(0.0, 0.8), rad(20.0, 100.0);
+    std::vector<XPoint> pts;
+    for (int i = 0; i < n; ++i) {
+        double a = (i + jitter(rng)) * 2.0 * kPi / n, r = rad(rng);
+        pts.emplace_back(r * std::cos(a), r * std::sin(a), 0.0);
+    }
+    return pts;
+}
+
+std::vector<int> RandomFlags(std::mt19937& rng, size_t n) {
+    std::vector<int> vis;
+    for (size_t i = 0; i < n; ++i) vis.push_back(rng() % 4 ? 1 : 0);
+    return vis;
+}
+
+// The fast triangulator and the plain method on the same polygon.
+void ExpectSameAsPlain(const std::vector<XPoint>& pts, const std::vector<int>& vis, const std::string& what) {
+    XPolygonEx fast = Polygon(pts, vis), plain = Polygon(pts, vis);
+    DList<XTriangle> a, b;
+    fast._Trianglize(a);
+    reference::PlainTrianglize(plain, b);
+    ASSERT_TRUE(SameTriangles(a, b)) << what << ": " << a.Count() << " vs " << b.Count();
+    EXPECT_EQ(fast.Count(), plain.Count()) << what;
 }
 }  // namespace
 
@@ -314,13 +368,60 @@ TEST(TrianglizeProperty, FastMatchesThePlainMethodExactly) {
             break;
         }
         }
-        std::vector<int> vis;
-        for (size_t i = 0; i < pts.size(); ++i) vis.push_back(rng() % 4 ? 1 : 0);
-        XPolygonEx fast = Polygon(pts, vis), plain = Polygon(pts, vis);
-        DList<XTriangle> a, b;
-        fast._Trianglize(a);
-        reference::PlainTrianglize(plain, b);
-        ASSERT_TRUE(SameTriangles(a, b)) << "round " << round << ": " << a.Count() << " vs " << b.Count();
-        EXPECT_EQ(fast.Count(), plain.Count());
+        ExpectSameAsPlain(pts, RandomFlags(rng, pts.size()), "round " + std::to_string(round));
+    }
+}
+
+// Combs cut ear after ear between long edges; at small scales the snapping
+// distance spans many cells and corners turn into spikes and straights.
+TEST(TrianglizeProperty, FastMatchesThePlainMethodOnCombs) {
+    std::mt19937 rng(42);
+    std::uniform_real_distribution<double> lean(-0.3, 0.3), turn(0.0, 2.0 * kPi), scale(-1.5, 3.0);
+    for (int round = 0; round < 60; ++round) {
+        int teeth = 4 + static_cast<int>(rng() % 50);
+        double l = round % 3 ? lean(rng) : 0.0, t = round % 2 ? turn(rng) : 0.0;
+        auto pts = Comb(rng, teeth, l, t, std::pow(10.0, scale(rng)));
+        ExpectSameAsPlain(pts, RandomFlags(rng, pts.size()), "comb " + std::to_string(round));
+    }
+}
+
+// Hundreds of vertices: stars, and clouds whose edges cross everywhere, so
+// most diagonals are blocked and asked again as edges go.
+TEST(TrianglizeProperty, FastMatchesThePlainMethodOnLargerPolygons) {
+    std::mt19937 rng(42);
+    std::uniform_real_distribution<double> coord(-50.0, 50.0);
+    for (int round = 0; round < 24; ++round) {
+        std::vector<XPoint> pts;
+        if (round % 2 == 0) {
+            pts = JitteredRing(rng, 100 + static_cast<int>(rng() % 200));
+        } else {
+            int n = 40 + static_cast<int>(rng() % 80);
+            for (int i = 0; i < n; ++i) pts.emplace_back(coord(rng), coord(rng), 0.0);
+        }
+        ExpectSameAsPlain(pts, RandomFlags(rng, pts.size()), "round " + std::to_string(round));
+    }
+}
+
+// A snapping distance larger than the polygon's features.
+TEST(TrianglizeProperty, FastMatchesThePlainMethodUnderACoarseSnap) {
+    std::mt19937 rng(42);
+    for (int round = 0; round < 20; ++round) {
+        XPushPrec prec(round % 2 ? 0.5 : 2.0, 0.01);
+        auto pts = round % 2 ? JitteredRing(rng, 60 + static_cast<int>(rng() % 60))
+                             : Comb(rng, 10 + static_cast<int>(rng() % 20), 0.1, 0.3, 1.0);
+        ExpectSameAsPlain(pts, RandomFlags(rng, pts.size()), "round " + std::to_string(round));
+    }
+}
+
+// A coordinate that is not a number or infinite ends in the plain scan of
+// every edge, with the plain method's triangles.
+TEST(TrianglizeProperty, FastMatchesThePlainMethodWithNonFiniteCoordinates) {
+    std::mt19937 rng(42);
+    const double bad[] = {std::nan(""), std::numeric_limits<double>::infinity(), -1e308 * 10};
+    for (int round = 0; round < 9; ++round) {
+        auto pts = JitteredRing(rng, 30);
+        XPoint& p = pts[rng() % pts.size()];
+        (round % 3 == 0 ? p.x : round % 3 == 1 ? p.y : p.z) = bad[round / 3];
+        ExpectSameAsPlain(pts, RandomFlags(rng, pts.size()), "round " + std::to_string(round));
     }
 }
