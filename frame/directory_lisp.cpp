@@ -107,10 +107,10 @@ int lumo_system_filedel() {
 
 int EmptyFolder(const char* folder) {
     if (!folder) return 0;
-    char spec[_MAX_PATH + 8];
-    std::snprintf(spec, sizeof spec, "%s\\*.*", folder);
+    char wildcard[_MAX_PATH + 8];
+    std::snprintf(wildcard, sizeof wildcard, "%s\\*.*", folder);
     _finddata_t entry;
-    intptr_t search = _findfirst(spec, &entry);
+    intptr_t search = _findfirst(wildcard, &entry);
     if (search == -1) return 0;
     int ok = 1;
     do {

@@ -298,7 +298,7 @@ int lumo_gettime() {
 
 namespace {
 uint32_t gRandState = 1000;   // the generator's state between calls
-uint32_t gRandSeed = 0;       // the seed of the last word
+uint32_t gRandStart = 0;       // where the generator started for the last word
 
 // atol of the module's 32-bit long: a number past the range stops at its end.
 int32_t Atol32(const char* text) {
@@ -314,9 +314,9 @@ int lumo_getrandstr() {
     char text[64];
     DateTimeString(text);
     uint32_t number = static_cast<uint32_t>(Atol32(text));
-    // A state of 0 would divide by zero: the number itself is the seed then.
-    gRandSeed = gRandState ? number % gRandState : number;
-    std::srand(gRandSeed);
+    // A state of 0 would divide by zero: the number itself is the start then.
+    gRandStart = gRandState ? number % gRandState : number;
+    std::srand(gRandStart);
     int n = std::rand() % 17575;
     const char* digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     char word[8];

@@ -37,8 +37,8 @@ AcGeVector3d AcGeVector3d::normal(const AcGeTol& tol) const {
 AcGeVector3d AcGeVector3d::perpVector() const {
     constexpr double kNearZ = 1.0 / 64.0;
     AcGeVector3d n = normal();
-    AcGeVector3d seed = (std::fabs(n.x) < kNearZ && std::fabs(n.y) < kNearZ) ? kYAxis : kZAxis;
-    return seed.crossProduct(n).normal();
+    AcGeVector3d axis = (std::fabs(n.x) < kNearZ && std::fabs(n.y) < kNearZ) ? kYAxis : kZAxis;
+    return axis.crossProduct(n).normal();
 }
 
 AcGeVector3d& AcGeVector3d::rotateBy(double angle, const AcGeVector3d& axis) {

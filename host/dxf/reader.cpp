@@ -126,8 +126,8 @@ void Reader::Header() {
         for (t = Need("HEADER"); t.code != 9 && t.code != 0; t = Need("HEADER"))
             if (t.code != 999) var.tags.emplace_back(t);
         if (var.name == "$HANDSEED" && !var.tags.empty()) {
-            uint64_t seed = AcDbHandle(var.tags.front().s.c_str()).value();
-            if (seed > 1) m_impl.SeeHandle(seed - 1);
+            uint64_t next = AcDbHandle(var.tags.front().s.c_str()).value();
+            if (next > 1) m_impl.SeeHandle(next - 1);
         }
         if (HeaderVar* old = m_impl.FindVar(var.name)) *old = std::move(var);
         else m_impl.header.push_back(std::move(var));

@@ -132,11 +132,11 @@ FILE* _fsopen(const char* filename, const char* mode, int) {
 
 intptr_t _findfirst(const char* filespec, _finddata_t* fileinfo) {
     if (!filespec || !fileinfo) return errno = EINVAL, -1;
-    std::string spec = filespec;
-    size_t cut = spec.find_last_of("\\/");
-    if (cut == std::string::npos && spec.size() >= 2 && spec[1] == ':') cut = 1;
-    std::string folderPart = cut == std::string::npos ? std::string() : spec.substr(0, cut + 1);
-    std::string pattern = cut == std::string::npos ? spec : spec.substr(cut + 1);
+    std::string wanted = filespec;
+    size_t cut = wanted.find_last_of("\\/");
+    if (cut == std::string::npos && wanted.size() >= 2 && wanted[1] == ':') cut = 1;
+    std::string folderPart = cut == std::string::npos ? std::string() : wanted.substr(0, cut + 1);
+    std::string pattern = cut == std::string::npos ? wanted : wanted.substr(cut + 1);
     std::string folder = folderPart.empty() ? std::string(".") : MapPath(folderPart);
     DIR* dir = pattern.empty() || folder.empty() ? nullptr : opendir(folder.c_str());
     if (!dir) return errno = ENOENT, -1;

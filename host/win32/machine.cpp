@@ -83,9 +83,9 @@ bool SetMachineSetting(const std::string& key, const std::string& value) {
     return true;
 }
 
-bool ParseMachineOption(const std::string& spec) {
-    size_t eq = spec.find('=');
-    return eq != std::string::npos && SetMachineSetting(spec.substr(0, eq), spec.substr(eq + 1));
+bool ParseMachineOption(const std::string& option) {
+    size_t eq = option.find('=');
+    return eq != std::string::npos && SetMachineSetting(option.substr(0, eq), option.substr(eq + 1));
 }
 
 const std::vector<BeepRecord>& BeepLog() { return Beeps(); }

@@ -35,7 +35,7 @@ void ResetMachine();
 // unknown key or a malformed value.
 bool SetMachineSetting(const std::string& key, const std::string& value);
 // "key=value"; false when there is no '=' or SetMachineSetting refuses.
-bool ParseMachineOption(const std::string& spec);
+bool ParseMachineOption(const std::string& option);
 
 // Every Beep call the host accepted, in order.
 struct BeepRecord {

@@ -107,12 +107,12 @@ bool SetDrive(char letter, const std::string& folder) {
     return true;
 }
 
-bool ParseDriveOption(const std::string& spec) {
-    if (spec.size() < 3 || !std::isalpha(static_cast<unsigned char>(spec[0]))) return false;
+bool ParseDriveOption(const std::string& option) {
+    if (option.size() < 3 || !std::isalpha(static_cast<unsigned char>(option[0]))) return false;
     size_t at = 1;
-    if (spec[at] == ':') ++at;
-    if (spec[at] != '=' || at + 1 >= spec.size()) return false;
-    return SetDrive(spec[0], spec.substr(at + 1));
+    if (option[at] == ':') ++at;
+    if (option[at] != '=' || at + 1 >= option.size()) return false;
+    return SetDrive(option[0], option.substr(at + 1));
 }
 
 std::string DriveFolder(char letter) {

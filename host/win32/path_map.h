@@ -22,7 +22,7 @@ namespace lumo::win32 {
 bool SetDrive(char letter, const std::string& folder);
 // Reads the `--drive` option's value "C=/some/dir" (also "C:=/dir"); false
 // when it is malformed, and then nothing changes.
-bool ParseDriveOption(const std::string& spec);
+bool ParseDriveOption(const std::string& option);
 // The Linux folder of a drive (no trailing slash but for "/"), "" if unmapped.
 std::string DriveFolder(char letter);
 // The mapped letters, upper case, in order.

@@ -14,10 +14,10 @@
 namespace {
 
 // Builds a flat chain from type codes; RTSHORT nodes take successive values.
-resbuf* Chain(std::initializer_list<int> spec) {
+resbuf* Chain(std::initializer_list<int> codes) {
     resbuf* head = nullptr;
     resbuf** link = &head;
-    for (int v : spec) {
+    for (int v : codes) {
         resbuf* n = (v == RTLB || v == RTLE || v == RTDOTE) ? acutNewRb(v) : acutNewRb(RTSHORT);
         if (n->restype == RTSHORT) n->resval.rint = static_cast<short>(v);
         *link = n;

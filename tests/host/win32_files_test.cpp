@@ -17,10 +17,10 @@ using Win32Files = lumo::test::Win32Folder;
 
 namespace {
 
-std::vector<std::string> Find(const std::string& spec) {
+std::vector<std::string> Find(const std::string& wildcard) {
     std::vector<std::string> names;
     _finddata_t data;
-    intptr_t h = _findfirst(spec.c_str(), &data);
+    intptr_t h = _findfirst(wildcard.c_str(), &data);
     if (h == -1) return names;
     do names.push_back(data.name);
     while (_findnext(h, &data) == 0);
