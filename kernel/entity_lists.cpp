@@ -1,5 +1,6 @@
 #include "kernel/entity_lists.h"
 
+#include <algorithm>
 #include <cstring>
 #include <strings.h>
 
@@ -59,18 +60,11 @@ void Unlink(resbuf*& list, bool (*drop)(int)) {
 }  // namespace
 
 void LayerOrCurrent(const char* layer, char* out) {
-    out[0] = '\0';
-    if (layer) {
-        std::strncpy(out, layer, kLayerNameSize - 1);
-        out[kLayerNameSize - 1] = '\0';
-        return;
-    }
     char current[512] = "";
-    if (tq_getvar("clayer", current) == RTNORM) {
-        std::strncpy(out, current, kLayerNameSize - 1);
-        out[kLayerNameSize - 1] = '\0';
-    }
-    if (!out[0]) std::strcpy(out, "0");
+    if (!layer) layer = tq_getvar("clayer", current) == RTNORM && current[0] ? current : "0";
+    size_t n = std::min(std::strlen(layer), static_cast<size_t>(kLayerNameSize - 1));   // names are cut, not refused
+    std::memcpy(out, layer, n);
+    out[n] = '\0';
 }
 
 int MakeEntityFromGroups(const char* type, const char* layer, resbuf* groups) {
