@@ -83,10 +83,10 @@ TEST_F(PickSets, IncludeCapturesMainEntitiesMadeInBetween) {
     ASSERT_EQ(made.IncludeBegin(), RTNORM);
     Entity a = Line(0);
     const double v[3] = {0, 0, 0};
-    acdbEntMake(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 0, 0));
-    acdbEntMake(acutBuildList(RTDXF0, "VERTEX", 10, v, 0));
-    acdbEntMake(acutBuildList(RTDXF0, "VERTEX", 10, v, 0));
-    acdbEntMake(acutBuildList(RTDXF0, "SEQEND", 0));
+    dbtest::Put(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 0, 0));
+    dbtest::Put(acutBuildList(RTDXF0, "VERTEX", 10, v, 0));
+    dbtest::Put(acutBuildList(RTDXF0, "VERTEX", 10, v, 0));
+    dbtest::Put(acutBuildList(RTDXF0, "SEQEND", 0));
     ASSERT_EQ(made.IncludeEnd(), RTNORM);
     ASSERT_EQ(made.Length(), 2);
     EXPECT_EQ(TypeOf(made[0]), "LINE");

@@ -21,6 +21,14 @@ protected:
     void TearDown() override { lumo::db::CloseSessionDatabase(); }
 };
 
+// Makes an entity (or a part of a complex one) from the list, which is
+// released; the host's result.
+inline int Put(resbuf* list) {
+    int status = acdbEntMake(list);
+    acutRelRb(list);
+    return status;
+}
+
 // Makes an entity from the list (which is released) and names it.
 inline bool MakeFrom(resbuf* list, ads_name out) {
     int status = acdbEntMake(list);

@@ -85,11 +85,11 @@ TEST_F(Extents, TextHasNoBoxThroughAMatrixAndATiltedEntityNone) {
 
 TEST_F(Extents, PolylineWalkSkipsFramePointsAndFlagsBulges) {
     const double v[3][3] = {{0, 0, 0}, {10, 0, 0}, {50, 50, 0}};
-    ASSERT_EQ(acdbEntMake(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 0, 0)), RTNORM);
-    acdbEntMake(acutBuildList(RTDXF0, "VERTEX", 10, v[0], 0));
-    acdbEntMake(acutBuildList(RTDXF0, "VERTEX", 10, v[1], 0));
-    acdbEntMake(acutBuildList(RTDXF0, "VERTEX", 10, v[2], 70, 16 | 128, 0));   // not a frame point: 64 clear
-    acdbEntMake(acutBuildList(RTDXF0, "SEQEND", 0));
+    ASSERT_EQ(dbtest::Put(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 0, 0)), RTNORM);
+    dbtest::Put(acutBuildList(RTDXF0, "VERTEX", 10, v[0], 0));
+    dbtest::Put(acutBuildList(RTDXF0, "VERTEX", 10, v[1], 0));
+    dbtest::Put(acutBuildList(RTDXF0, "VERTEX", 10, v[2], 70, 16 | 128, 0));   // not a frame point: 64 clear
+    dbtest::Put(acutBuildList(RTDXF0, "SEQEND", 0));
     ads_name poly;
     acdbEntLast(poly);
     Entity polyline(poly);
@@ -99,9 +99,9 @@ TEST_F(Extents, PolylineWalkSkipsFramePointsAndFlagsBulges) {
 
 TEST_F(Extents, AnInsertIsTheBoxOfItsBlockWhereItStands) {
     const double a[3] = {0, 0, 0}, b[3] = {2, 1, 0}, at[3] = {10, 10, 0};
-    acdbEntMake(acutBuildList(RTDXF0, "BLOCK", 2, "BOX", 70, 0, 10, kOrigin, 0));
-    acdbEntMake(acutBuildList(RTDXF0, "LINE", 10, a, 11, b, 0));
-    acdbEntMake(acutBuildList(RTDXF0, "ENDBLK", 0));
+    dbtest::Put(acutBuildList(RTDXF0, "BLOCK", 2, "BOX", 70, 0, 10, kOrigin, 0));
+    dbtest::Put(acutBuildList(RTDXF0, "LINE", 10, a, 11, b, 0));
+    dbtest::Put(acutBuildList(RTDXF0, "ENDBLK", 0));
     Entity insert = Make(acutBuildList(RTDXF0, "INSERT", 2, "BOX", 10, at, 41, 2.0, 42, 2.0, 0));
     EXPECT_EQ(insert.GetExtend(min, max, shift), RTNORM);
     ExpectBox(110, 10, 0, 114, 12, 0);
@@ -130,7 +130,7 @@ TEST_F(Extents, TransformsMoveTheListsPoints) {
     EXPECT_NEAR(Real(arc, 50), M_PI / 2, 1e-9);
     EXPECT_NEAR(Real(arc, 51), M_PI, 1e-9);
     EXPECT_NEAR(Real(arc, 40), 5, 1e-9);
-    const double v0[2] = {1, 0}, v1[2] = {2, 0};
+    const double v0[3] = {1, 0, 0}, v1[3] = {2, 0, 0};
     Entity lw = Make(acutBuildList(RTDXF0, "LWPOLYLINE", 100, "AcDbEntity", 100, "AcDbPolyline", 90, 2, 70, 0,
                                    10, v0, 10, v1, 0));
     EXPECT_EQ(lw.XTransform(shift), RTNORM);
