@@ -1,4 +1,4 @@
-// Hatches: boundary loops, pattern, seed points and the computed pattern lines.
+// Hatches: boundary loops, pattern, the points picked inside and the computed pattern lines.
 #pragma once
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
-// HATCH: its record (boundary loops, pattern lines and seed points repeat,
-// so hooks read and write them) and its loop and seed calls.
+// HATCH: its record (boundary loops, pattern lines and the points picked
+// inside repeat, so hooks read and write them) and its loop and point calls.
 #include <algorithm>
 #include <cmath>
 
