@@ -96,20 +96,31 @@ AcDbCircle::AcDbCircle(const AcGePoint3d& center, const AcGeVector3d& normal, do
 const Record& AcDbCircle::dxfRecord() const { return kCircleRecord; }
 void* AcDbCircle::dxfData(int level) { return level == 1 ? &m_d : AcDbEntity::dxfData(level); }
 
-Acad::ErrorStatus AcDbCircle::setRadius(double r) {
+namespace {
+// Circles and arcs share their centre, radius, thickness and plane.
+template <class Round> Acad::ErrorStatus SetRadius(Round& d, double r) {
     if (!(r > 0)) return Acad::eInvalidInput;
-    m_d.radius = r;
+    d.radius = r;
     return Acad::eOk;
 }
 
+// Moves the shared part; the map says whether the transform keeps a circle
+// a circle, and how angles in its plane turn.
+template <class Round> PlaneMap MapRound(Round& d, const AcGeMatrix3d& xform) {
+    PlaneMap pm = MapPlane(d.normal, xform);
+    if (!pm.ok) return pm;
+    d.center = pm.Point(d.center);
+    d.radius *= pm.scale;
+    d.thickness *= pm.scale;
+    d.normal = pm.newNormal;
+    return pm;
+}
+}  // namespace
+
+Acad::ErrorStatus AcDbCircle::setRadius(double r) { return SetRadius(m_d, r); }
+
 Acad::ErrorStatus AcDbCircle::transformBy(const AcGeMatrix3d& xform) {
-    PlaneMap pm = MapPlane(m_d.normal, xform);
-    if (!pm.ok) return Acad::eNotApplicable;
-    m_d.center = pm.Point(m_d.center);
-    m_d.radius *= pm.scale;
-    m_d.thickness *= pm.scale;
-    m_d.normal = pm.newNormal;
-    return Acad::eOk;
+    return MapRound(m_d, xform).ok ? Acad::eOk : Acad::eNotApplicable;
 }
 
 AcDbArc::AcDbArc() = default;
@@ -130,11 +141,7 @@ AcDbArc::AcDbArc(const AcGePoint3d& center, const AcGeVector3d& normal, double r
 const Record& AcDbArc::dxfRecord() const { return kArcRecord; }
 void* AcDbArc::dxfData(int level) { return level == 1 ? &m_d : AcDbEntity::dxfData(level); }
 
-Acad::ErrorStatus AcDbArc::setRadius(double r) {
-    if (!(r > 0)) return Acad::eInvalidInput;
-    m_d.radius = r;
-    return Acad::eOk;
-}
+Acad::ErrorStatus AcDbArc::setRadius(double r) { return SetRadius(m_d, r); }
 
 namespace {
 AcGePoint3d ArcPoint(const AcDbArc::Data& d, double a) {
@@ -154,12 +161,8 @@ Acad::ErrorStatus AcDbArc::getEndPoint(AcGePoint3d& p) const {
 }
 
 Acad::ErrorStatus AcDbArc::transformBy(const AcGeMatrix3d& xform) {
-    PlaneMap pm = MapPlane(m_d.normal, xform);
+    PlaneMap pm = MapRound(m_d, xform);
     if (!pm.ok) return Acad::eNotApplicable;
-    m_d.center = pm.Point(m_d.center);
-    m_d.radius *= pm.scale;
-    m_d.thickness *= pm.scale;
-    m_d.normal = pm.newNormal;
     double s = pm.Angle(m_d.startAngle), e = pm.Angle(m_d.endAngle);
     m_d.startAngle = Normalized(pm.mirrored ? e : s);
     m_d.endAngle = Normalized(pm.mirrored ? s : e);

@@ -108,22 +108,18 @@ Ref Atof(Args a) {
     return MakeReal(negative ? -v : v);
 }
 
-// rtos and angtos go through the same formatting the module reaches.
-Ref Rtos(Args a) {
+// rtos and angtos go through the same formatting the module reaches:
+// (f value [units [precision]]).
+Ref FormatWith(Args a, int (*format)(ads_real, int, int, char*)) {
     ArgCount(a, 1, 3);
     double v = NumArg(a[0]);
     char out[host::kUnitTextSize];
-    if (acdbRToS(v, OptInt(a, 1, -1), OptInt(a, 2, -1), out) != RTNORM) return nullptr;
+    if (format(v, OptInt(a, 1, -1), OptInt(a, 2, -1), out) != RTNORM) return nullptr;
     return MakeStr(out);
 }
 
-Ref Angtos(Args a) {
-    ArgCount(a, 1, 3);
-    double v = NumArg(a[0]);
-    char out[host::kUnitTextSize];
-    if (acdbAngToS(v, OptInt(a, 1, -1), OptInt(a, 2, -1), out) != RTNORM) return nullptr;
-    return MakeStr(out);
-}
+Ref Rtos(Args a) { return FormatWith(a, acdbRToS); }
+Ref Angtos(Args a) { return FormatWith(a, acdbAngToS); }
 
 Ref Distof(Args a) {
     ArgCount(a, 1, 2);

@@ -9,6 +9,7 @@
 #include "platform/acdbads.h"
 #include "platform/acutads.h"
 #include "platform/dbents.h"
+#include "support/owned_list.h"
 
 namespace {
 
@@ -19,22 +20,7 @@ protected:
     void TearDown() override { lumo::db::CloseSessionDatabase(); }
 };
 
-struct Rb {
-    resbuf* p;
-    explicit Rb(resbuf* r) : p(r) {}
-    ~Rb() { acutRelRb(p); }
-    Rb(const Rb&) = delete;
-    Rb& operator=(const Rb&) = delete;
-    const resbuf* Find(int code, int nth = 0) const {
-        for (resbuf* r = p; r; r = r->rbnext)
-            if (r->restype == code && nth-- == 0) return r;
-        return nullptr;
-    }
-    std::string Text(int code) const {
-        const resbuf* r = Find(code);
-        return r && r->resval.rstring ? r->resval.rstring : "";
-    }
-};
+using Rb = testsupport::OwnedList;
 
 const double kOrigin[3] = {0, 0, 0};
 const double kOne[3] = {1, 1, 0};

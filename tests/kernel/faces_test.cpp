@@ -11,6 +11,7 @@
 #include "platform/acdbads.h"
 #include "platform/acutads.h"
 #include "platform/dbents.h"
+#include "support/owned_list.h"
 
 namespace {
 class Faces : public ::testing::Test {
@@ -19,13 +20,7 @@ protected:
     void TearDown() override { lumo::db::CloseSessionDatabase(); }
 };
 
-struct Rb {
-    resbuf* p;
-    explicit Rb(resbuf* r) : p(r) {}
-    ~Rb() { acutRelRb(p); }
-    Rb(const Rb&) = delete;
-    Rb& operator=(const Rb&) = delete;
-};
+using Rb = testsupport::OwnedList;
 
 resbuf* FaceList(const double* a, const double* b, const double* c, const double* d, int flags) {
     return acutBuildList(RTDXF0, "3DFACE", 10, a, 11, b, 12, c, 13, d, 70, flags, 0);
