@@ -2,7 +2,10 @@
 #include "host/db/stub.h"
 #include "host/db/kept.h"
 
+#include <map>
+#include <string>
 #include <string_view>
+#include <utility>
 
 #include "host/db/database_impl.h"
 #include "host/db/entity_fields.h"
@@ -42,15 +45,23 @@ constexpr ClassName kNames[] = {
     {"GEODATA", "AcDbGeoData"}, {"SUN", "AcDbSun"},
 };
 
+// The class of a kept kind under an entity or an object. A file may name a
+// kind after a class the host has (or use one name for an entity and an
+// object); such a kind gets a class of its own, outside the dictionary, so
+// no checked cast takes it for what it is not.
 AcRxClass* ClassFor(std::string_view dxf, AcRxClass* parent) {
+    std::string name(dxf);
     for (const ClassName& n : kNames)
-        if (dxf == n.dxf) return acrxRegisterClass(n.cls, parent);
-    // An application's class: known by its DXF name alone.
-    static std::vector<std::string>* names = new std::vector<std::string>;
-    for (const std::string& s : *names)
-        if (s == dxf) return acrxRegisterClass(s.c_str(), parent);
-    names->emplace_back(dxf);
-    return acrxRegisterClass(names->back().c_str(), parent);
+        if (dxf == n.dxf) name = n.cls;
+    using Key = std::pair<std::string, const AcRxClass*>;
+    static auto* kept = new std::map<Key, AcRxClass*>;
+    auto [it, added] = kept->try_emplace(Key(name, parent), nullptr);
+    if (added) {
+        const char* stored = it->first.first.c_str();
+        it->second = acrxClassDictionary->at(stored) ? new AcRxClass(stored, parent)
+                                                     : acrxRegisterClass(stored, parent);
+    }
+    return it->second;
 }
 
 constexpr Section kKeptEntitySections[] = {kEntitySection};

@@ -31,18 +31,14 @@ Ref Grvecs(Args a) {
             for (int j = 0; j < 4; ++j, cell = Cdr(cell)) m[i][j] = cell ? NumArg(Car(cell)) : 0;
         }
     }
-    resbuf* chain = nullptr;
-    resbuf** tail = &chain;
+    ChainBuilder chain;
     for (Ref item = ListArg(a[0]); item; item = Cdr(item)) {
         Ref v = Car(item);
-        resbuf* rb = acutNewRb(v.Is(Type::List) ? RT3DPOINT : RTSHORT);
+        resbuf* rb = chain.Add(v.Is(Type::List) ? RT3DPOINT : RTSHORT);
         if (rb->restype == RTSHORT) rb->resval.rint = static_cast<short>(IntArg(v));
         else PointArg(v, rb->resval.rpoint);
-        *tail = rb;
-        tail = &rb->rbnext;
     }
-    int rc = acedGrVecs(chain, haveMatrix ? m : nullptr);
-    acutRelRb(chain);
+    int rc = acedGrVecs(chain.Chain(), haveMatrix ? m : nullptr);
     if (rc != RTNORM) Fail("bad argument type: grvecs");
     return nullptr;
 }

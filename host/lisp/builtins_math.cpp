@@ -10,12 +10,14 @@
 namespace lumo::lisp {
 namespace {
 
+// Checks that every argument is a number, and tells whether all are integers.
 bool AllInts(Args a) {
+    bool ints = true;
     for (const Ref& v : a) {
         NumArg(v);
-        if (!v.Is(Type::Int)) return false;
+        ints = ints && v.Is(Type::Int);
     }
-    return true;
+    return ints;
 }
 
 int32_t Wrap(int64_t v) { return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint64_t>(v))); }

@@ -18,21 +18,6 @@ using host::ValueKindOf;
 
 namespace {
 
-class ChainBuilder {
-public:
-    resbuf* Add(int type) {
-        resbuf* node = acutNewRb(type);
-        *m_link = node;
-        m_link = &node->rbnext;
-        return node;
-    }
-    resbuf* Take() { m_link = &m_head; return std::exchange(m_head, nullptr); }
-    ~ChainBuilder() { acutRelRb(m_head); }
-private:
-    resbuf* m_head = nullptr;
-    resbuf** m_link = &m_head;
-};
-
 bool IsRealPoint(const Ref& v) {
     long n = ListLength(v);
     if (n != 2 && n != 3) return false;

@@ -1,10 +1,35 @@
 // LISP values to and from result-buffer chains, by the host's documented
 // rules. Every part of the host that crosses this border uses these.
 #pragma once
+#include <utility>
+
 #include "host/lisp/value.h"
 #include "platform/adsdef.h"
+#include "platform/acutads.h"
 
 namespace lumo::lisp {
+
+// Builds a chain node by node; what is not taken is released, so a LISP
+// error half-way leaks nothing.
+class ChainBuilder {
+public:
+    ChainBuilder() = default;
+    ChainBuilder(const ChainBuilder&) = delete;
+    ChainBuilder& operator=(const ChainBuilder&) = delete;
+    ~ChainBuilder() { acutRelRb(m_head); }
+
+    resbuf* Add(int type) {
+        resbuf* node = acutNewRb(type);
+        *m_link = node;
+        m_link = &node->rbnext;
+        return node;
+    }
+    resbuf* Take() { m_link = &m_head; return std::exchange(m_head, nullptr); }
+    const resbuf* Chain() const { return m_head; }
+private:
+    resbuf* m_head = nullptr;
+    resbuf** m_link = &m_head;
+};
 
 // Arguments of a call into a module: integers in 16-bit range RTSHORT,
 // larger RTLONG; a list of exactly two or three reals one RTPOINT/RT3DPOINT

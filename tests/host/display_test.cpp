@@ -86,6 +86,7 @@ TEST_F(Display, TemporaryVectorsLastUntilARedraw) {
     EXPECT_EQ(v[2].color, 3);
     EXPECT_TRUE(v[2].highlight);           // a negative colour draws highlighted
     EXPECT_EQ(Show("(grvecs '((0 0)))"), "error: bad argument type: grvecs");
+    EXPECT_EQ(Show("(grvecs '(1 (0 0) (1 1) \"x\"))"), "error: bad argument type: fixnump: \"x\"");
     lumo::host::RunCommandTokens({"REDRAW"});
     EXPECT_TRUE(lumo::host::ScreenVectors().empty());
 }

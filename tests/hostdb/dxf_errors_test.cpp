@@ -5,9 +5,12 @@
 #include <fstream>
 #include <random>
 
+#include "host/db/kept.h"
 #include "hostdb_support.h"
 #include "platform/acdbads.h"
 #include "platform/acutads.h"
+#include "platform/dbents.h"
+#include "platform/dbsymtb.h"
 
 using namespace hostdb;
 
@@ -68,6 +71,22 @@ TEST(DxfErrors, StructureErrors) {
               std::string::npos);
     EXPECT_NE(ErrorOf(Lines({"0", "SECTION", "2", "ENTITIES"})).find("unexpected end of file"), std::string::npos);
     EXPECT_NE(ErrorOf(Lines({"0", "SECTION", "2"})).find("file ends after group code"), std::string::npos);
+}
+
+// A kind the host doesn't know may carry the name of a class it does, or one
+// name may serve an entity and an object: none passes a checked cast as
+// what it is not, so a table row of such a kind is an error, not a crash.
+TEST(DxfErrors, KindsNamedAfterHostClassesStayKept) {
+    lumo::db::KeptObject row("AcDbSymbolTableRecord");
+    EXPECT_EQ(AcDbSymbolTableRecord::cast(&row), nullptr);
+    EXPECT_STREQ(row.isA()->name(), "AcDbSymbolTableRecord");
+    lumo::db::KeptEntity entity("LUMO_BOTH");
+    lumo::db::KeptObject object("LUMO_BOTH");
+    EXPECT_NE(AcDbEntity::cast(&entity), nullptr);
+    EXPECT_EQ(AcDbEntity::cast(&object), nullptr);
+    EXPECT_EQ(ErrorOf(Lines({"0", "SECTION", "2", "TABLES", "0", "TABLE", "2", "LAYER", "0", "AcDbLayerTableRecord",
+                             "2", "X", "0", "ENDTAB", "0", "ENDSEC", "0", "EOF"})),
+              "bad.dxf:9: AcDbLayerTableRecord in TABLE LAYER");
 }
 
 // Every cut of a good file is a bad file, and none of them brings the

@@ -21,6 +21,7 @@
 (check 'catch-message (vl-catch-all-error-message r) "divide by zero")
 (check 'catch-ok (vl-catch-all-apply 'strcat '("a" "b")) "ab")
 (check-error 'bad-type '(+ 1 "a") "bad argument type: numberp: \"a\"")
+(check-error 'bad-type-after-real '(* 1.5 nil) "bad argument type: numberp: nil")
 (check-error 'too-few '(fact) "too few arguments")
 (check-error 'no-function '(no-such-fn) "no function definition: NO-SUCH-FN")
 
