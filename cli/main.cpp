@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -113,6 +114,10 @@ int main(int argc, char** argv) {
         std::puts("lumo 0.1");
         return kOk;
     }
+    // The files written at the end are named from the folder lumo starts in,
+    // whatever folder a script changes to.
+    for (std::string* path : {&options.render, &options.output})
+        if (!path->empty()) *path = std::filesystem::absolute(*path).string();
     lisp::InitInterpreter();
     lisp::SupportPath() = options.supportPath;
     for (const std::string& drive : options.drives) {

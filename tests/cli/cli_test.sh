@@ -54,5 +54,11 @@ if "$lumo" -q --render "$work/pic.png" -x "$draw" >/dev/null 2>&1; then
 fi
 "$lumo" -q --render "$work/pic.gif" -x '1' >/dev/null 2>&1; expect render-bad-kind-exit 3 $?
 
+# Files written at the end are named from the starting folder, not from the
+# one a script moved to.
+mkdir "$work/start" "$work/start/sub"
+(cd "$work/start" && "$lumo" -q -o end.dxf --render end.svg -x '(lumo_chdir "sub")' >/dev/null 2>&1)
+expect output-from-start-folder yes "$([ -f "$work/start/end.dxf" ] && [ -f "$work/start/end.svg" ] && echo yes)"
+
 [ "$failures" -eq 0 ] && echo "cli: all passed"
 exit "$failures"
