@@ -1,4 +1,5 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
+# The distribution's interpreter, which has the distribution's ezdxf.
 """Strict check of DXF files with ezdxf: each file must load with the strict
 reader and pass an audit with no errors and no fixes.
 
