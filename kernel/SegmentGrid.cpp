@@ -14,8 +14,11 @@ bool SegmentGrid::Init(double x0, double y0, double x1, double y1, int segments,
     double n = segments > 0 ? segments : 1;
     // About one segment a finest cell, and never more cells a side than
     // segments, however flat the box.
-    double side = std::fmax(std::sqrt(w * h / n), std::fmax(w, h) / n);
-    if (!(side > 0.0) || !std::isfinite(side)) side = 1.0;
+    // (the square root taken in parts where the area overflows)
+    double area = w * h / n;
+    double side = std::fmax(std::isfinite(area) ? std::sqrt(area) : std::sqrt(w) * std::sqrt(h / n),
+                            std::fmax(w, h) / n);
+    if (!(side > 0.0) || !std::isfinite(side)) side = std::fmax(w, h) > 0.0 ? std::fmax(w, h) : 1.0;
     m_x0 = x0;
     m_y0 = y0;
     m_margin = 1e-9 * (std::fabs(x0) + std::fabs(y0) + w + h) + 1e-12;
@@ -23,8 +26,8 @@ bool SegmentGrid::Init(double x0, double y0, double x1, double y1, int segments,
         Level lv;
         lv.side = side;
         lv.inv = 1.0 / side;
-        lv.cols = static_cast<int>(w / side) + 1;
-        lv.rows = static_cast<int>(h / side) + 1;
+        lv.cols = static_cast<int>(std::fmin(w / side, n)) + 1;
+        lv.rows = static_cast<int>(std::fmin(h / side, n)) + 1;
         lv.head.assign(static_cast<size_t>(lv.cols) * lv.rows, -1);
         m_levels.push_back(std::move(lv));
         if (m_levels.back().cols <= 2 && m_levels.back().rows <= 2) break;

@@ -121,6 +121,20 @@ TEST(SegmentGrid, DroppedEntriesAreGoneAndRefiledOnesFound) {
     EXPECT_FALSE(g.Visit(20.0, 20.0, 30.0, 30.0, 0.0, [&](int, int) { return SegmentGrid::kStop; }));
 }
 
+// A box whose area overflows, though its sides don't, still gets a grid of
+// about one cell a segment.
+TEST(SegmentGrid, AHugeBoxKeepsASmallGrid) {
+    SegmentGrid g;
+    ASSERT_TRUE(g.Init(-1e300, 0.0, 1e300, 1e300, 8, 1));
+    g.Insert(0, 1, 0.0, 0.0, 1e299, 1e299);
+    bool found = false;
+    g.Visit(0.0, 0.0, 1e299, 1e299, 0.0, [&](int id, int) {
+        found = found || id == 0;
+        return SegmentGrid::kKeep;
+    });
+    EXPECT_TRUE(found);
+}
+
 TEST(SegmentGrid, RefusesABoxThatIsNotFinite) {
     SegmentGrid g;
     EXPECT_FALSE(g.Init(0.0, 0.0, std::numeric_limits<double>::infinity(), 1.0, 10, 10));
