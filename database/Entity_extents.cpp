@@ -140,8 +140,13 @@ int Entity::GetExtend(double* min, double* max, double m[4][4]) {
     } else if (!std::strcmp(type, "POLYLINE")) {
         int flags = 0;
         groups.GetData(70, &flags);
-        if ((flags == 0 || flags == 1) && !m) result = XPoly2D(name).GetExtend(min, max);
-        else result = PolylineWalk(name, m, min, max);
+        // A polyline without a segment has no box to give (nothing is written to it).
+        if ((flags == 0 || flags == 1) && !m) {
+            result = RTNONE;
+            if (XPoly2D(name).GetExtend(min, max) == RTNORM) result = RTNORM;
+        } else {
+            result = PolylineWalk(name, m, min, max);
+        }
     } else if (!std::strcmp(type, "SOLID") || !std::strcmp(type, "TRACE")) {
         result = CornersBox(groups, m, min, max);
     }
@@ -234,17 +239,17 @@ int Entity::XTransform(double m[4][4]) {
 int Entity::Move(const XPoint& base, XPoint& to) {
     PickSet set(PickSet::kCreateEmpty | PickSet::kOwnsSet);
     set.Add(name);
-    return DragPickSet(base, set, 0).Move(base, to);
+    return DragPickSet(base, set, PickSet::kOwnsSet).Move(base, to);
 }
 
 int Entity::Rotate(const XPoint& base, double* angle) {
     PickSet set(PickSet::kCreateEmpty | PickSet::kOwnsSet);
     set.Add(name);
-    return DragPickSet(base, set, 0).Rotate(base, angle);
+    return DragPickSet(base, set, PickSet::kOwnsSet).Rotate(base, angle);
 }
 
 int Entity::Scale(const XPoint& base, double* factor) {
     PickSet set(PickSet::kCreateEmpty | PickSet::kOwnsSet);
     set.Add(name);
-    return DragPickSet(base, set, 0).Scale(base, factor);
+    return DragPickSet(base, set, PickSet::kOwnsSet).Scale(base, factor);
 }

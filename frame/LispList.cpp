@@ -31,6 +31,7 @@ void LispList::PushFront(resbuf* chain) {
     }
     LastNode(chain)->rbnext = head;
     head = chain;
+    lastSublist = nullptr;
 }
 
 void LispList::PushBack(resbuf* node) {
@@ -49,6 +50,7 @@ void LispList::AppendChain(resbuf* chain) {
     else head = chain;
     tail = LastNode(chain);
     cursor = head;
+    lastSublist = nullptr;
 }
 
 void LispList::MoveFrom(LispList& other) {
@@ -115,7 +117,10 @@ bool LispList::Locate(int index, resbuf** prevOut, resbuf** firstOut, resbuf** l
     resbuf* n = head;
     resbuf* prev = nullptr;
     int running = -1;
-    if (lastIndex < index && cursor) {  // go on behind the element last fetched
+    // Go on behind the element last fetched. Only a fetch leaves the cursor
+    // there: after a copy, a chain put in front or behind, it stands at the
+    // head (or the numbering moved), and the walk starts over.
+    if (lastIndex < index && cursor && lastSublist) {
         prev = cursor;
         n = cursor->rbnext;
         running = lastIndex;

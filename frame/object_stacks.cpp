@@ -88,7 +88,8 @@ resbuf* TableItem(const AcDbSymbolTable* table, int32_t index) {
 resbuf* DictionaryItem(const AcDbDictionary* dict, int32_t index) {
     AcDbDictionaryIterator* it = dict->newIterator(AcRx::kDictSorted);
     if (!it) return nullptr;
-    for (int32_t i = 0; i < index && !it->done(); ++i) it->next();
+    // an entry without an object ends the walk, wherever it stands
+    for (int32_t i = 0; i < index && !it->done() && !it->objectId().isNull(); ++i) it->next();
     resbuf* item = nullptr;
     if (!it->done() && !it->objectId().isNull()) item = MakeItem(it->name(), it->objectId());
     delete it;

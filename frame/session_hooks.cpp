@@ -1,19 +1,20 @@
 // The frame's side of the drawing session and the yes/no question.
 //
 // The session family (lumo_begin, lumo_end, the layer definitions) is not
-// part of this module yet: with no session ever begun there is nothing for
-// Esc to end and no layer definitions to hold, so the hooks keep the
-// compiled-in defaults.
+// part of this module yet: with no session ever begun there are no layer
+// definitions to hold. Ending a session (lumo_end, or Esc) still empties the
+// value stacks, which belong to whatever the session was doing.
 #include "frame/session_hooks.h"
 
 #include <cstring>
 
+#include "frame/object_stacks.h"
 #include "platform/acedads.h"
 #include "platform/crt.h"
 
 int ReadLayerDefs(int) { return 0; }
 
-void EndDrawingSession() {}
+void EndDrawingSession() { EmptyValueStacks(); }
 
 void ReleaseLayerDefsHead() {}
 

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <strings.h>
 
 #include "kernel/XPoly.h"
 #include "kernel/XPushPrec.h"
@@ -38,7 +37,7 @@ X3DFace::X3DFace(const resbuf* list, double m[4][4]) : flags(0) {
             type = rb;
             break;
         }
-    if (!type || !type->resval.rstring || strcasecmp(type->resval.rstring, "3DFACE") != 0) {
+    if (!type || !type->resval.rstring || std::strcmp(type->resval.rstring, "3DFACE") != 0) {
         flags |= kInvalid;
         return;
     }

@@ -207,7 +207,12 @@ int XCurveSegment::Intersection(const XCurveSegment& other, double* a, double* b
     case kLine: return Intersection(other.GetLine(), a, b);
     case kArc:
         if (other.bounded != 0) return Intersection(other.GetArc(), a, b);
-        return Intersection(static_cast<const XCircle&>(other.GetArc()), a, b);
+        {
+            // A copy that is a circle, not an arc seen as one: virtual calls
+            // on it must not bring the arc's angles back.
+            const XCircle whole = other.GetArc();
+            return Intersection(whole, a, b);
+        }
     default: return Intersection(other.GetCircle(), a, b);
     }
 }

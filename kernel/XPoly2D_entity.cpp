@@ -17,7 +17,16 @@ constexpr int kClosed = 1;
 constexpr int kCurveFit = 2;
 constexpr int kSplineFit = 4;
 constexpr int k3dPolyline = 8;
+constexpr int kMesh = 16;
+constexpr int kMeshClosedN = 32;
+constexpr int kPolyface = 64;
 constexpr int kLinetypeGen = 128;
+
+// A mesh gives no nodes, but its flag word is kept as the polyline's.
+int MeshFlags(const AcDbPolygonMesh& mesh) {
+    return kMesh | (mesh.isMClosed() ? kClosed : 0) | (mesh.isNClosed() ? kMeshClosedN : 0) |
+           (mesh.polyMeshType() != AcDb::kSimpleMesh ? kSplineFit : 0);
+}
 
 int Done(const XPoly2D& out) { return out.Count() > 0 ? RTNORM : RTERROR; }
 
@@ -89,6 +98,8 @@ int ReadPolyEntity(const ads_name name, XPoly2D& out) {
     if (const auto* lw = AcDbPolyline::cast(ent)) result = ReadPolyline(lw, out);
     else if (const auto* p2 = AcDb2dPolyline::cast(ent)) result = Read2dPolyline(p2, out);
     else if (const auto* p3 = AcDb3dPolyline::cast(ent)) result = Read3dPolyline(p3, out);
+    else if (const auto* mesh = AcDbPolygonMesh::cast(ent)) out.closed = MeshFlags(*mesh);
+    else if (AcDbPolyFaceMesh::cast(ent)) out.closed = kPolyface;
     ent->close();
     return result;
 }

@@ -45,10 +45,11 @@ constexpr ClassName kNames[] = {
     {"GEODATA", "AcDbGeoData"}, {"SUN", "AcDbSun"},
 };
 
-// The class of a kept kind under an entity or an object. A file may name a
-// kind after a class the host has (or use one name for an entity and an
-// object); such a kind gets a class of its own, outside the dictionary, so
-// no checked cast takes it for what it is not.
+// The class of a kept kind under an entity or an object. It stays out of
+// the class dictionary, which holds the classes code defines: a file may
+// name a kind after one of them (registered later, on first use), or use
+// one name for an entity and an object, and no checked cast may take such a
+// kind for what it is not.
 AcRxClass* ClassFor(std::string_view dxf, AcRxClass* parent) {
     std::string name(dxf);
     for (const ClassName& n : kNames)
@@ -56,11 +57,7 @@ AcRxClass* ClassFor(std::string_view dxf, AcRxClass* parent) {
     using Key = std::pair<std::string, const AcRxClass*>;
     static auto* kept = new std::map<Key, AcRxClass*>;
     auto [it, added] = kept->try_emplace(Key(name, parent), nullptr);
-    if (added) {
-        const char* stored = it->first.first.c_str();
-        it->second = acrxClassDictionary->at(stored) ? new AcRxClass(stored, parent)
-                                                     : acrxRegisterClass(stored, parent);
-    }
+    if (added) it->second = new AcRxClass(it->first.first.c_str(), parent);
     return it->second;
 }
 

@@ -10,6 +10,7 @@
 #include "database_test_support.h"
 #include "frame/RBList.h"
 #include "host/ads/input.h"
+#include "host/ss/selection_sets.h"
 #include "platform/acdbads.h"
 #include "platform/acedss.h"
 #include "platform/acutads.h"
@@ -72,6 +73,20 @@ TEST_F(PickSets, MoveRotateAndScaleTakeTheUsersAnswers) {
     EXPECT_NEAR(end[0], -10, 1e-9);
     EXPECT_NEAR(end[1], 0, 1e-9);
     EXPECT_EQ(set.Length(), 1);   // the dragging points are gone
+    lumo::host::SetAnswers({});
+}
+
+// Dragging one entity leaves no set open behind it, however often.
+TEST_F(PickSets, AnEntityDraggedLeavesNoSetOpen) {
+    Entity a = Line(0);
+    int open = lumo::host::OpenSetCount();
+    lumo::host::SetAnswers({"1,0", "90", "2"});
+    XPoint to;
+    double angle = 0, factor = 0;
+    EXPECT_EQ(a.Move(XPoint(0, 0, 0), to), RTNORM);
+    EXPECT_EQ(a.Rotate(XPoint(0, 0, 0), &angle), RTNORM);
+    EXPECT_EQ(a.Scale(XPoint(0, 0, 0), &factor), RTNORM);
+    EXPECT_EQ(lumo::host::OpenSetCount(), open);
     lumo::host::SetAnswers({});
 }
 

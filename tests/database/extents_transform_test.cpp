@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "database/Entity.h"
+#include "database/PickSet.h"
 #include "database_test_support.h"
 #include "kernel/matrix_routines.h"
 #include "platform/acdbads.h"
@@ -38,6 +39,7 @@ protected:
 };
 
 const double kOrigin[3] = {0, 0, 0};
+const double kFar[3] = {7, 3, 0};
 
 TEST_F(Extents, LinesAndCirclesWithTheirThickness) {
     const double b[3] = {10, 5, 0}, c[3] = {5, 5, 0};
@@ -95,6 +97,24 @@ TEST_F(Extents, PolylineWalkSkipsFramePointsAndFlagsBulges) {
     Entity polyline(poly);
     EXPECT_EQ(polyline.GetExtend(min, max, shift), RTNORM);
     ExpectBox(100, 0, 0, 110, 0, 0);
+}
+
+// A polyline without vertices has no box, and a set around it takes the
+// box of the rest.
+TEST_F(Extents, APolylineWithoutVerticesHasNoBox) {
+    ASSERT_EQ(dbtest::Put(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 0, 0)), RTNORM);
+    ASSERT_EQ(dbtest::Put(acutBuildList(RTDXF0, "SEQEND", 0)), RTNORM);
+    ads_name poly;
+    acdbEntLast(poly);
+    Entity empty(poly);
+    EXPECT_EQ(empty.GetExtend(min, max, nullptr), RTNONE);
+    Entity line = Make(acutBuildList(RTDXF0, "LINE", 10, kOrigin, 11, kFar, 0));
+    PickSet both(PickSet::kCreateEmpty | PickSet::kOwnsSet);
+    both += empty;
+    both += line;
+    ASSERT_EQ(both.GetExtend(min, max), RTNORM);
+    EXPECT_DOUBLE_EQ(max[0], kFar[0]);
+    EXPECT_DOUBLE_EQ(min[0], 0.0);
 }
 
 TEST_F(Extents, AnInsertIsTheBoxOfItsBlockWhereItStands) {

@@ -59,6 +59,29 @@ TEST(LispList, ElementCopiesWithoutTheEnclosingParentheses) {
     acutRelRb(e);
 }
 
+// Only a fetch leaves a place to go on from: a copy starting with a sublist,
+// a chain put in front and one put behind all number from the head again.
+TEST(LispList, ElementsAfterACopyOrAnAppendCountFromTheHead) {
+    resbuf* source = Chain({RTLB, 1, 2, RTLE, 3});
+    LispList copy;
+    copy.Assign(source);
+    acutRelRb(source);
+    resbuf* e = copy.Element(1);
+    EXPECT_EQ(Values(e), (std::vector<int>{3}));
+    acutRelRb(e);
+
+    LispList list(Chain({5, 6, 7}));
+    acutRelRb(list.Element(2));
+    list.AppendChain(Chain({8}));
+    e = list.Element(3);
+    EXPECT_EQ(Values(e), (std::vector<int>{8}));
+    acutRelRb(e);
+    list.PushFront(Chain({4}));
+    e = list.Element(4);
+    EXPECT_EQ(Values(e), (std::vector<int>{8}));
+    acutRelRb(e);
+}
+
 TEST(LispList, EmptySublistYieldsNull) {
     LispList list(Chain({RTLB, RTLE, 7}));
     EXPECT_EQ(list.Count(), 2);

@@ -209,6 +209,20 @@ TEST(XCurveSegment, SubSegmentsAndIntersections) {
     EXPECT_NEAR(a.x, 5, 1e-12);
 }
 
+// An arc segment with flag 0 takes part with its whole circle, also against
+// a bounded arc.
+TEST(XCurveSegment, UnboundedArcMeetsABoundedArcOnItsWholeCircle) {
+    XCurveSegment upper(XPoint(5, 0, 0), XPoint(-5, 0, 0), kPi, 1);
+    XCurveSegment above(XPoint(5, 8, 0), XPoint(-5, 8, 0), kPi, 1);
+    XPoint a, b;
+    EXPECT_EQ(upper.Intersection(above, a, b), 0);   // the crossings lie below the upper arc's centre
+    above.bounded = 0;
+    ASSERT_EQ(upper.Intersection(above, a, b), 2);
+    EXPECT_NEAR(std::fabs(a.x), 3, 1e-9);
+    EXPECT_NEAR(a.y, 4, 1e-9);
+    EXPECT_NEAR(a.x + b.x, 0, 1e-9);
+}
+
 TEST(XCurveSegment, TransformMirrorsAnArc) {
     XCurveSegment arc = QuarterArc();
     double mirror[4][4] = {{-1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};

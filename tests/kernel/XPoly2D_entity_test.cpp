@@ -6,6 +6,8 @@
 
 #include "kernel/XPoly2D.h"
 #include "kernel/XPoly2D_entity.h"
+#include "platform/acdbads.h"
+#include "platform/acutads.h"
 #include "platform/dbents.h"
 #include "platform/dbmain.h"
 #include "platform/dbsymtb.h"
@@ -70,6 +72,25 @@ TEST(XPoly2DEntity, NewPolylineWritesTangentsOfQuarterAngles) {
     XPoly2D one(0);
     one.AppendNode(XPoint(), 0);
     EXPECT_EQ(NewPolyline(one), nullptr);
+}
+
+// A mesh gives no nodes, but keeps its flag word (closed in M here).
+TEST(XPoly2DEntity, MeshKeepsItsFlagWordAndNoNodes) {
+    const double pts[4][3] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 1}};
+    auto put = [](resbuf* list) {
+        int rc = acdbEntMake(list);
+        acutRelRb(list);
+        return rc;
+    };
+    ASSERT_EQ(put(acutBuildList(RTDXF0, "POLYLINE", 66, 1, 70, 17, 71, 2, 72, 2, 0)), RTNORM);
+    for (const auto& p : pts) ASSERT_EQ(put(acutBuildList(RTDXF0, "VERTEX", 10, p, 70, 64, 0)), RTNORM);
+    ASSERT_EQ(put(acutBuildList(RTDXF0, "SEQEND", 0)), RTNORM);
+    ads_name mesh;
+    ASSERT_EQ(acdbEntLast(mesh), RTNORM);
+    XPoly2D out(mesh);
+    EXPECT_EQ(out.Count(), 0);
+    EXPECT_EQ(out.closed, 17);
+    EXPECT_EQ(out.IsClosed(), 1);
 }
 
 TEST(XPoly2DEntity, OldPolylinesThroughTheirNames) {

@@ -40,6 +40,8 @@ TEST(X3DFaceData, FarCoordinateOrWrongTypeIsInvalid) {
     EXPECT_TRUE(!X3DFace(list.p, nullptr));
     Rb line(acutBuildList(RTDXF0, "LINE", 10, P0, 11, P1, 0));
     EXPECT_TRUE(!X3DFace(line.p, nullptr));
+    Rb lower(acutBuildList(RTDXF0, "3dface", 10, P0, 11, P1, 12, P2, 13, P3, 0));   // the name is compared with case
+    EXPECT_TRUE(!X3DFace(lower.p, nullptr));
     Rb good(FaceList(P0, P1, P2, P3, 0));
     EXPECT_FALSE(!X3DFace(good.p, nullptr));
 }

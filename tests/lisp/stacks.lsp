@@ -67,4 +67,11 @@
 (lumo_sysvar_pop)
 (check 'sysvar-real (getvar "TEXTSIZE") 2.5)
 
+;; Esc ends the drawing session, and with it whatever the stacks held.
+(lumo_objectstack_push (namedobjdict))
+(lumo_container_push (namedobjdict))
+(lumo-host:message 256 27)
+(check 'esc-empties-objects (lumo_objectstack_depth) 0)
+(check 'esc-empties-containers (lumo_container_depth) 0)
+
 (check-done)
