@@ -174,8 +174,8 @@ int lumo_getentdxf() {
     int code = args->resval.rint;
     resbuf* node = nullptr;
     if (flag) {
-        node = NthOfCode(gCurrentEntityList, code, gEntityListOccurrence);
-        if (node) ++gEntityListOccurrence;
+        // the counter moves on also past the last group of the code
+        node = NthOfCode(gCurrentEntityList, code, gEntityListOccurrence++);
     } else {
         node = AT_get_resbuf(gCurrentEntityList, code);
     }

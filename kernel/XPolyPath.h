@@ -6,6 +6,7 @@ class XPolyPath : public XPoly2D {
 public:
     XPolyPath() = default;
     explicit XPolyPath(const XPoly2D& poly) : XPoly2D(poly) {}
+    explicit XPolyPath(const ads_name ent) : XPoly2D(ent) {}
     XPolyPath(const XPolyPath&) = default;
     XPolyPath& operator=(const XPolyPath&) = default;
     ~XPolyPath() override = default;

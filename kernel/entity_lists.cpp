@@ -130,16 +130,28 @@ int AssureLayerRecord(const char* name, int color) {
     return result;
 }
 
+namespace {
+int AppendToBlock(AcDbEntity* ent, AcDbObjectId block) {
+    AcDbBlockTableRecord* record = nullptr;
+    if (acdbOpenObject(record, block, AcDb::kForWrite) != Acad::eOk || !record) return RTERROR;
+    AcDbObjectId id;
+    Acad::ErrorStatus es = record->appendAcDbEntity(id, ent);
+    record->close();
+    return es == Acad::eOk ? RTNORM : RTERROR;
+}
+}  // namespace
+
 int AppendToModelSpace(AcDbEntity* ent) {
     AcDbDatabase* db = acdbHostApplicationServices()->workingDatabase();
     AcDbBlockTable* table = nullptr;
     if (!db || db->getBlockTable(table, AcDb::kForRead) != Acad::eOk) return RTERROR;
-    AcDbBlockTableRecord* space = nullptr;
-    Acad::ErrorStatus es = table->getAt(ACDB_MODEL_SPACE, space, AcDb::kForWrite);
+    AcDbObjectId model;
+    Acad::ErrorStatus es = table->getAt(ACDB_MODEL_SPACE, model);
     table->close();
-    if (es != Acad::eOk) return RTERROR;
-    AcDbObjectId id;
-    es = space->appendAcDbEntity(id, ent);
-    space->close();
-    return es == Acad::eOk ? RTNORM : RTERROR;
+    return es == Acad::eOk ? AppendToBlock(ent, model) : RTERROR;
+}
+
+int AppendToCurrentSpace(AcDbEntity* ent) {
+    AcDbDatabase* db = acdbHostApplicationServices()->workingDatabase();
+    return db ? AppendToBlock(ent, db->currentSpaceId()) : RTERROR;
 }

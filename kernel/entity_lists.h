@@ -24,7 +24,9 @@ const resbuf* FindGroup(const resbuf* list, int code);
 // Makes the layer with the colour when the drawing lacks it; RTNORM when
 // the layer exists afterwards.
 int AssureLayerRecord(const char* name, int color);
-// Appends a new entity to the working drawing's model space; RTNORM, after
-// which the entity stays open for the caller to close.
+// Appends a new entity to the working drawing's model space, or to the
+// space in use (model or paper, by TILEMODE); RTNORM, after which the entity
+// stays open for the caller to close.
 class AcDbEntity;
 int AppendToModelSpace(AcDbEntity* ent);
+int AppendToCurrentSpace(AcDbEntity* ent);

@@ -59,7 +59,7 @@ void XRectAngle::Make(const char* layer, int asLines) const {
     char name[kLayerNameSize];
     LayerOrCurrent(layer, name);
     if (AssureLayerRecord(name, 7) == RTNORM) pl->setLayer(name);
-    if (AppendToModelSpace(pl) != RTNORM) {
+    if (AppendToCurrentSpace(pl) != RTNORM) {
         delete pl;
         return;
     }

@@ -362,6 +362,7 @@ public:
     double thickness() const;
     AcDbHandle handseed() const;
     int tilemode() const;
+    Acad::ErrorStatus setTilemode(bool model);
     AcGePoint3d ucsorg() const;
     AcGeVector3d ucsxdir() const;
     AcGeVector3d ucsydir() const;

@@ -340,6 +340,10 @@ double AcDbDatabase::textsize() const { return m_impl->VarReal("$TEXTSIZE", 2.5)
 double AcDbDatabase::thickness() const { return m_impl->VarReal("$THICKNESS", 0.0); }
 AcDbHandle AcDbDatabase::handseed() const { return AcDbHandle(m_impl->nextHandle); }
 int AcDbDatabase::tilemode() const { return m_impl->VarInt("$TILEMODE", 1); }
+Acad::ErrorStatus AcDbDatabase::setTilemode(bool model) {
+    m_impl->SetVar("$TILEMODE", {OwnedTag::Int(70, model ? 1 : 0)});
+    return Acad::eOk;
+}
 AcGePoint3d AcDbDatabase::ucsorg() const { return m_impl->VarPoint("$UCSORG", AcGePoint3d(0, 0, 0)); }
 AcGeVector3d AcDbDatabase::ucsxdir() const {
     AcGePoint3d p = m_impl->VarPoint("$UCSXDIR", AcGePoint3d(1, 0, 0));

@@ -255,6 +255,26 @@ TEST(DrawingHooks, RectanglesAsLinesOrAPolyline) {
     XPoly2D back(pl.name);
     EXPECT_EQ(back.IsClosed(), 1);
     EXPECT_NEAR(back.Area(), 8.0, 1e-12);
+
+    // The polyline goes to the space in use, as the lines do.
+    AcDbDatabase* db = acdbHostApplicationServices()->workingDatabase();
+    db->setTilemode(false);
+    r.Make("HD_RECT", 0);
+    ads_name e;
+    ASSERT_EQ(acdbEntLast(e), RTNORM);
+    r.Make("HD_RECT", 1);
+    db->setTilemode(true);
+    int inPaper = 0;
+    for (int k = 0; k < 5; ++k) {   // the polyline, then four lines
+        resbuf* list = acdbEntGet(e);
+        for (const resbuf* g = list; g; g = g->rbnext)
+            if (g->restype == 67 && g->resval.rint == 1) ++inPaper;
+        acutRelRb(list);
+        if (k < 4) {
+            ASSERT_EQ(acdbEntNext(e, e), RTNORM);
+        }
+    }
+    EXPECT_EQ(inPaper, 5);
 }
 
 TEST(DrawingHooks, PointListUpdateCutsTheEntity) {
