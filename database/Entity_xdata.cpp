@@ -43,6 +43,8 @@ int Entity::_MakeExGroups() {
     exGroups = nullptr;
     Groups* sentinel = groups.Head();
     while (sentinel && sentinel->restype != -3) sentinel = sentinel->Next();
+    // A -3 with nothing behind it takes only the 1001: a second -3 would
+    // open the extended data twice.
     if (!sentinel || !sentinel->rbnext) {
         resbuf* added = sentinel ? acutBuildList(1001, appName ? appName : "", 0)
                                  : acutBuildList(-3, 1001, appName ? appName : "", 0);
