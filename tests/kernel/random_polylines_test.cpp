@@ -19,7 +19,7 @@ constexpr double kPi = std::numbers::pi;
 
 class RandomPolylines {
 public:
-    explicit RandomPolylines(unsigned seed) : m_rng(seed) {}
+    explicit RandomPolylines(unsigned start) : m_rng(start) {}
 
     // Up to a dozen nodes: coordinates from a small grid (so vertices repeat
     // and edges line up) or anywhere, arcs up to almost a full turn; with
