@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "frame/chain_copy.h"
 #include "platform/acutads.h"
 
 namespace {
@@ -79,9 +80,7 @@ int SetTagValue(resbuf*& chain, int tag, resbuf* node, const char* app) {
             return RTERROR;
         }
         fresh->rbnext = node;
-        resbuf* last = chain;
-        while (last->rbnext) last = last->rbnext;
-        last->rbnext = fresh;
+        LastNode(chain)->rbnext = fresh;
         return RTNORM;
     }
     resbuf* oldValue = tagNode->rbnext;
@@ -101,9 +100,7 @@ int SetTagValue(resbuf*& chain, int tag, resbuf* node, const char* app) {
         return RTNORM;
     }
     tagNode->rbnext = node;
-    resbuf* last = node;
-    while (last->rbnext) last = last->rbnext;
-    last->rbnext = after;
+    LastNode(node)->rbnext = after;
     return RTNORM;
 }
 

@@ -6,6 +6,7 @@
 
 #include "frame/ApplicationError.h"
 #include "frame/TypeOfCode.h"
+#include "frame/chain_copy.h"
 #include "platform/acutads.h"
 #include "platform/crt.h"
 
@@ -165,8 +166,6 @@ resbuf* AT_get_resbuf(resbuf* chain, int code) {
 
 resbuf* AT_link_list(resbuf* a, resbuf* b) {
     if (!a) return b;
-    resbuf* last = a;
-    while (last->rbnext) last = last->rbnext;
-    last->rbnext = b;
+    LastNode(a)->rbnext = b;
     return a;
 }
